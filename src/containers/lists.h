@@ -1,0 +1,141 @@
+// txlist and its variants: growable lists addressed by position.
+//
+//   txlist<T>      entries are plain values (integers, or pointers it doesn't own)
+//   txlistobj<T>   entries are objects the list owns
+//   txstrings      entries are owned HeapStr texts
+//
+// No operation checks an index: callers test against Count() first. Growth
+// follows GrownCapacity, eightfold while the list is small.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "containers/ascii.h"
+#include "containers/heap_str.h"
+#include "containers/quicksort.h"
+#include "containers/short_str.h"
+
+namespace optkw {
+
+// The raw value of an entry: the pointer of an owned object, the value itself otherwise.
+template <class T>
+auto RawEntry(const T &item) {
+  return item;
+}
+template <class T>
+T *RawEntry(const std::unique_ptr<T> &item) {
+  return item.get();
+}
+
+template <class T>
+class txlist : public tquicksortclass {
+ public:
+  using Raw = decltype(RawEntry(std::declval<const T &>()));
+
+  int32_t Add(T item) {
+    if (Count() == capacity_) Grow();
+    items_.push_back(std::move(item));
+    return Count() - 1 + Base();
+  }
+
+  T &GetItem(int32_t index) { return items_[index - Base()]; }
+  const T &GetItem(int32_t index) const { return items_[index - Base()]; }
+  Raw Get(int32_t index) const { return RawEntry(GetItem(index)); }
+
+  // The last entry, or nil (0) for an empty list.
+  Raw Last() const { return items_.empty() ? Raw{} : RawEntry(items_.back()); }
+
+  // First position whose entry is `item`, or -1.
+  int32_t IndexOf(Raw item) const {
+    for (size_t i = 0; i < items_.size(); ++i) {
+      if (RawEntry(items_[i]) == item) return static_cast<int32_t>(i) + Base();
+    }
+    return -1;
+  }
+
+  // Frees the entry (if the list owns it) and closes the gap. Storage is kept.
+  void Delete(int32_t index) { items_.erase(items_.begin() + (index - Base())); }
+
+  // Searches from the last entry; the last match is deleted. Gives its position or -1.
+  int32_t Remove(Raw item) {
+    for (size_t i = items_.size(); i-- > 0;) {
+      if (RawEntry(items_[i]) == item) {
+        items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(i));
+        return static_cast<int32_t>(i) + Base();
+      }
+    }
+    return -1;
+  }
+
+  // Frees the entries from the last to the first and releases the storage.
+  void Clear() {
+    while (!items_.empty())
+      items_.pop_back();
+    std::vector<T>().swap(items_);
+    capacity_ = 0;
+  }
+
+  void Exchange(int32_t i, int32_t j) override { std::swap(GetItem(i), GetItem(j)); }
+  // A plain list has no order of its own; sorting one is a programming error.
+  int32_t Compare(int32_t, int32_t) override { throw std::logic_error("Abstract error"); }
+
+  int32_t Count() const { return static_cast<int32_t>(items_.size()); }
+  int32_t Capacity() const { return capacity_; }
+
+  auto begin() const { return items_.begin(); }
+  auto end() const { return items_.end(); }
+
+ private:
+  void Grow() {
+    capacity_ = GrownCapacity(capacity_, Count());
+    items_.reserve(static_cast<size_t>(capacity_));
+  }
+
+  std::vector<T> items_;
+  int32_t capacity_ = 0;
+};
+
+template <class T>
+using txlistobj = txlist<std::unique_ptr<T>>;
+
+// Order of two optional texts: a nil (empty) text sorts before any other.
+inline int32_t CompareKeys(std::string_view a, std::string_view b) {
+  if (a.empty() || b.empty()) return (a.empty() ? 0 : 1) - (b.empty() ? 0 : 1);
+  return CompareNoCase(a, b);
+}
+
+class txstrings : public txlist<HeapStr> {
+ public:
+  int32_t Add(std::string_view s) { return txlist<HeapStr>::Add(HeapStr(s)); }
+  ShortStr GetName(int32_t index) const { return GetItem(index).Get(); }
+  std::string_view View(int32_t index) const { return GetItem(index).view(); }
+
+  // First entry equal to `s` without regard to case, or -1. The empty text is
+  // stored as nil and nil equals only nil, so the empty text is never found.
+  int32_t IndexOf(std::string_view s) const {
+    if (s.empty()) return -1;
+    for (int32_t i = 0; i < Count(); ++i) {
+      if (EqualNoCase(GetItem(i + Base()).view(), s)) return i + Base();
+    }
+    return -1;
+  }
+
+  int32_t Compare(int32_t i, int32_t j) override {
+    return CompareKeys(GetItem(i).view(), GetItem(j).view());
+  }
+
+  // Bytes held by the texts: each counts its length plus one, nil counts 0.
+  int64_t StrMemory() const {
+    int64_t total = 0;
+    for (const HeapStr &s : *this)
+      total += s.Memory();
+    return total;
+  }
+};
+
+}  // namespace optkw

@@ -1,0 +1,181 @@
+// String lists: a key (an owned HeapStr) with a companion per entry.
+//
+//   txstringlist<C>      the companion is a plain value: an integer, or a pointer
+//                        the list doesn't own
+//   txstringlistobj<T>   the companion is an object the list owns
+//   tmysortstringlist<C> sorts numbered names by number ("x2" before "x10")
+//
+// Keys compare without regard to the case of ASCII letters, and a list accepts
+// duplicates: IndexOf finds the first. A list may keep a hash index beside it
+// (EnableIndex) so that IndexOf doesn't walk; the answers are the same.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "containers/ascii.h"
+#include "containers/heap_str.h"
+#include "containers/lists.h"
+#include "containers/quicksort.h"
+
+namespace optkw {
+
+// Hash and equality of keys without regard to case, usable with string_view
+// lookups so that a search allocates nothing.
+struct NoCaseHash {
+  using is_transparent = void;
+  size_t operator()(std::string_view s) const {
+    size_t h = 1469598103934665603ull;
+    for (char c : s)
+      h = (h ^ static_cast<unsigned char>(UpCase(c))) * 1099511628211ull;
+    return h;
+  }
+};
+struct NoCaseEqual {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const { return EqualNoCase(a, b); }
+};
+
+template <class C>
+class txcustomstringlist : public tquicksortclass {
+ public:
+  using Raw = decltype(RawEntry(std::declval<const C &>()));
+
+  struct Entry {
+    HeapStr FString;
+    C FObject{};
+  };
+
+  int32_t Add(std::string_view s) { return AddObject(s, C{}); }
+
+  int32_t AddObject(std::string_view s, C obj) {
+    if (Count() == capacity_) Grow();
+    items_.push_back(Entry{HeapStr(s), std::move(obj)});
+    const int32_t position = Count() - 1;
+    if (index_valid_ && !s.empty()) {
+      index_.try_emplace(std::string(items_.back().FString.view()), position);
+    }
+    return position + Base();
+  }
+
+  ShortStr GetName(int32_t index) const { return Key(index); }
+  std::string_view Key(int32_t index) const { return items_[index - Base()].FString.view(); }
+  Raw GetObject(int32_t index) const { return RawEntry(items_[index - Base()].FObject); }
+  C &ObjectSlot(int32_t index) { return items_[index - Base()].FObject; }
+
+  // First entry whose key equals `s` without regard to case, or -1. An empty key
+  // is stored as nil and is never found by the empty text.
+  int32_t IndexOf(std::string_view s) const {
+    if (s.empty()) return -1;
+    if (indexed_) {
+      if (!index_valid_) RebuildIndex();
+      auto it = index_.find(s);
+      return it == index_.end() ? -1 : it->second + Base();
+    }
+    for (size_t i = 0; i < items_.size(); ++i) {
+      if (EqualNoCase(items_[i].FString.view(), s)) return static_cast<int32_t>(i) + Base();
+    }
+    return -1;
+  }
+
+  int32_t IndexOfObject(Raw obj) const {
+    for (size_t i = 0; i < items_.size(); ++i) {
+      if (RawEntry(items_[i].FObject) == obj) return static_cast<int32_t>(i) + Base();
+    }
+    return -1;
+  }
+
+  // Releases the key and the companion (if owned) and closes the gap.
+  void Delete(int32_t index) {
+    items_.erase(items_.begin() + (index - Base()));
+    InvalidateIndex();
+  }
+
+  // Releases keys and companions from the last entry to the first, then the storage.
+  void Clear() {
+    while (!items_.empty())
+      items_.pop_back();
+    std::vector<Entry>().swap(items_);
+    capacity_ = 0;
+    InvalidateIndex();
+  }
+
+  void Exchange(int32_t i, int32_t j) override {
+    std::swap(items_[i - Base()], items_[j - Base()]);
+    InvalidateIndex();
+  }
+
+  int32_t Compare(int32_t i, int32_t j) override { return CompareKeys(Key(i), Key(j)); }
+
+  int32_t Count() const { return static_cast<int32_t>(items_.size()); }
+  int32_t Capacity() const { return capacity_; }
+  bool empty() const { return items_.empty(); }
+
+  // Bytes held by the keys: each counts its length plus one.
+  int64_t StrMemory() const {
+    int64_t total = 0;
+    for (const Entry &e : items_)
+      total += e.FString.Memory();
+    return total;
+  }
+
+  // Keeps a hash index of the keys from now on, for lists searched by name often.
+  void EnableIndex() {
+    indexed_ = true;
+    InvalidateIndex();
+  }
+
+  auto begin() const { return items_.begin(); }
+  auto end() const { return items_.end(); }
+
+ private:
+  void Grow() {
+    capacity_ = GrownCapacity(capacity_, Count());
+    items_.reserve(static_cast<size_t>(capacity_));
+  }
+  void InvalidateIndex() {
+    index_valid_ = false;
+    index_.clear();
+  }
+  void RebuildIndex() const {
+    index_.clear();
+    for (size_t i = 0; i < items_.size(); ++i) {
+      std::string_view key = items_[i].FString.view();
+      if (!key.empty()) index_.try_emplace(std::string(key), static_cast<int32_t>(i));
+    }
+    index_valid_ = true;
+  }
+
+  std::vector<Entry> items_;
+  int32_t capacity_ = 0;
+  bool indexed_ = false;
+  mutable bool index_valid_ = false;
+  // Zero-based position of the first entry of each key.
+  mutable std::unordered_map<std::string, int32_t, NoCaseHash, NoCaseEqual> index_;
+};
+
+template <class C>
+using txstringlist = txcustomstringlist<C>;
+
+template <class T>
+using txstringlistobj = txcustomstringlist<std::unique_ptr<T>>;
+
+// Natural order of two names: the run of digits at the end of each is its number
+// (0 when there is none), the rest its stem. Stems compare without regard to
+// case; equal stems compare by number.
+int32_t CompareNatural(std::string_view a, std::string_view b);
+
+template <class C>
+class tmysortstringlist : public txstringlist<C> {
+ public:
+  int32_t Compare(int32_t i, int32_t j) override {
+    return CompareNatural(this->Key(i), this->Key(j));
+  }
+};
+
+}  // namespace optkw

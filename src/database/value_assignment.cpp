@@ -1,0 +1,304 @@
+// Value assignment: a value text, or a number from a client, applied to an
+// option. Conversion, the range step, refusal and the state words are the same
+// whichever road a value takes, so parameter text and the client's setters
+// leave options stored and marked alike.
+#include <string_view>
+#include <vector>
+
+#include "database/list_separator.h"
+#include "database/operations.h"
+#include "scanning/text_ops.h"
+#include "scanning/value_text.h"
+
+namespace optkw {
+
+char ListSeparatorChar = ListSeparatorFor(1);
+
+namespace {
+
+ShortStr Quoted(std::string_view text) {
+  return ShortStr("\"") + text + "\"";
+}
+
+int32_t RangeMessageType(const tvlmoptions &db) {
+  return db.NoBounds ? optMsgValueWarning : optMsgValueError;
+}
+
+void Ignored(tvlmoptions &db) {
+  db.AddMessage(optMsgValueError, "   Option ignored");
+}
+
+// Reports a value text that the type can't take: `what` names the expected kind.
+void Refused(tvlmoptions &db, std::string_view what, const ShortStr &text) {
+  db.AddMessage(optMsgValueError, ShortStr(what) + Quoted(db.CurrentName) + " saw " + Quoted(text));
+  Ignored(db);
+}
+
+// The words that integer options take beside numbers.
+bool IntegerWord(std::string_view text, int32_t &value) {
+  if (SameText(text, "off")) {
+    value = 0;
+  } else if (SameText(text, "on")) {
+    value = 1;
+  } else if (SameText(text, "silent")) {
+    value = 2;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// The range step: a number outside [lo, hi] becomes the bound it passed, with two
+// messages that are errors, or warnings under NoBounds. Gives true when it mended.
+template <class T, class Show, class ShowBound>
+bool BringInRange(tvlmoptions &db, T &value, T lo, T hi, Show show, ShowBound show_bound) {
+  T bound;
+  if (value < lo) {
+    bound = lo;
+  } else if (value > hi) {
+    bound = hi;
+  } else {
+    return false;
+  }
+  const int32_t type = RangeMessageType(db);
+  db.AddMessage(type, ShortStr("Value brought in range for option ") + Quoted(db.CurrentName) +
+                          " saw " + Quoted(show(value)));
+  db.AddMessage(type, ShortStr("   Value set to ") + show_bound(bound));
+  value = bound;
+  return true;
+}
+
+// The text " a b c" of the values an enumerated option takes.
+ShortStr PossibleValues(const toption &option) {
+  ShortStr list;
+  for (int32_t k = 0; k < option.EnumCount(); ++k)
+    list += ShortStr(" ") + option.GetEnumItem(k).text;
+  return list;
+}
+
+// A value outside the values an option takes: let through with warnings under
+// NoBounds (true), else refused with errors (false).
+bool OutOfList(tvlmoptions &db, std::string_view what, const ShortStr &seen,
+               const ShortStr &follow_up) {
+  const int32_t type = RangeMessageType(db);
+  db.AddMessage(type, ShortStr(what) + Quoted(db.CurrentName) + " saw " + Quoted(seen));
+  db.AddMessage(type, follow_up);
+  if (db.NoBounds) return true;
+  Ignored(db);
+  return false;
+}
+
+bool OutOfEnumList(const toption &option, const ShortStr &seen) {
+  return OutOfList(*option.Owner, "Unknown value for option ", seen,
+                   ShortStr("   Possible values are") + PossibleValues(option));
+}
+
+template <class V>
+void StoreValue(tvalueoption<V> &option, bool second, V value, bool mended) {
+  option.Slot(second) = std::move(value);
+  option.MarkAssigned(second);
+  option.MarkMended(second, mended);
+}
+
+// Splits a multi-list value at ListSeparatorChar. An item that begins with a
+// quote may also end at the next quote; an empty item at the very end is dropped.
+std::vector<std::string_view> SplitItems(std::string_view text) {
+  std::vector<std::string_view> items;
+  size_t i = 0;
+  while (true) {
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t'))
+      ++i;
+    if (i >= text.size()) break;
+    const bool quoted = text[i] == '"';
+    if (quoted) ++i;
+    const size_t start = i;
+    while (i < text.size() && text[i] != ListSeparatorChar && !(quoted && text[i] == '"'))
+      ++i;
+    const std::string_view item = text.substr(start, i - start);
+    const bool stopped = i < text.size();
+    if (!item.empty() || stopped) items.push_back(item);
+    if (stopped) ++i;
+  }
+  return items;
+}
+
+}  // namespace
+
+void SetFirstValue(toption &option, const ShortStr &text) {
+  if (option.SubType == optsubNoValue) {
+    option.MarkAssigned(false);
+    return;
+  }
+  if (CharPos('"', text) != 0) {
+    option.Owner->AddMessage(optMsgValueError, "Bad double-quote in value. Option ignored");
+    return;
+  }
+  option.AssignText(false, text);
+}
+
+void SetSecondValue(toption &option, const ShortStr &text) {
+  if (CharPos('"', text) != 0) {
+    option.Owner->AddMessage(optMsgValueError, "Bad double-quote in value. Option ignored");
+    return;
+  }
+  if (option.OptType <= optTypeEnumInt) option.AssignText(true, text);
+}
+
+// ---- integer
+
+void tintoption::AssignText(bool second, const ShortStr &text) {
+  int32_t value;
+  if (!TextToIntegerLax(text.view(), value) && !IntegerWord(text.view(), value)) {
+    Refused(*Owner, "Integer expected, for option ", text);
+    return;
+  }
+  AssignInt(second, value);
+}
+
+bool tintoption::AssignInt(bool second, int32_t value) {
+  const bool mended = BringInRange(*Owner, value, LoValue, HiValue, IntegerToText, IntegerToText);
+  StoreValue(*this, second, value, mended);
+  return true;
+}
+
+bool tintoption::AssignValues(bool second, int32_t ival, double, const ShortStr &) {
+  return AssignInt(second, ival);
+}
+
+// ---- double
+
+void tdbloption::AssignText(bool second, const ShortStr &text) {
+  double value;
+  if (!TextToDouble(text.view(), value)) {
+    Refused(*Owner, "Double expected for option ", text);
+    return;
+  }
+  AssignDouble(second, value);
+}
+
+bool tdbloption::AssignDouble(bool second, double value) {
+  const bool mended =
+      BringInRange(*Owner, value, LoValue, HiValue, DoubleToText, DoubleToKeywordText);
+  StoreValue(*this, second, value, mended);
+  return true;
+}
+
+bool tdbloption::AssignValues(bool second, int32_t, double dval, const ShortStr &) {
+  return AssignDouble(second, dval);
+}
+
+// ---- string: stored as it is; a string is never mended, so DefinedM stays.
+
+void tstringoption::AssignText(bool second, const ShortStr &text) {
+  Slot(second) = text.view();
+  MarkAssigned(second);
+}
+
+bool tstringoption::AssignValues(bool second, int32_t, double, const ShortStr &sval) {
+  AssignText(second, sval);
+  return true;
+}
+
+// ---- boolean
+
+void tbooleanoption::AssignText(bool second, const ShortStr &text) {
+  switch (ScanBoolean(text.view())) {
+    case Truth::kTrue:
+      AssignInt(second, 1);
+      break;
+    case Truth::kFalse:
+      AssignInt(second, 0);
+      break;
+    case Truth::kNeither:
+      Refused(*Owner, "Boolean value expected for option ", text);
+      break;
+  }
+}
+
+bool tbooleanoption::AssignInt(bool second, int32_t value) {
+  if (value == 0 || value == 1) {
+    StoreValue(*this, second, value, false);
+  } else if (OutOfList(*Owner, "Boolean out of range for option ", IntegerToText(value),
+                       "   Valid values are 0 or 1")) {
+    StoreValue(*this, second, value, true);
+  }
+  return true;
+}
+
+bool tbooleanoption::AssignValues(bool second, int32_t ival, double, const ShortStr &) {
+  return AssignInt(second, ival);
+}
+
+// ---- enumerated string: the definition's spelling of the value is stored.
+
+void tenumstroption::AssignText(bool second, const ShortStr &text) {
+  const int32_t k = EnumList.IndexOf(text.view());
+  if (k >= 0) {
+    StoreValue(*this, second, HeapStr(EnumList.Key(k)), false);
+  } else if (OutOfEnumList(*this, text)) {
+    StoreValue(*this, second, HeapStr(text.view()), true);
+  }
+}
+
+bool tenumstroption::AssignValues(bool second, int32_t, double, const ShortStr &sval) {
+  AssignText(second, sval);
+  return true;
+}
+
+// ---- enumerated integer: strict integers only, no double syntax.
+
+void tenumintoption::AssignText(bool second, const ShortStr &text) {
+  int32_t value;
+  if (!TextToInteger(text.view(), value) && !IntegerWord(text.view(), value)) {
+    Refused(*Owner, "Integer expected, for option ", text);
+    return;
+  }
+  AssignInt(second, value);
+}
+
+bool tenumintoption::AssignInt(bool second, int32_t value) {
+  bool listed = false;
+  for (const auto &item : EnumList)
+    listed = listed || item->Value == value;
+  if (listed) {
+    StoreValue(*this, second, value, false);
+  } else if (OutOfEnumList(*this, IntegerToText(value))) {
+    StoreValue(*this, second, value, true);
+  }
+  return true;
+}
+
+bool tenumintoption::AssignValues(bool second, int32_t ival, double, const ShortStr &) {
+  return AssignInt(second, ival);
+}
+
+// ---- options that pass their value on
+
+void tmultilistoption::AssignText(bool second, const ShortStr &text) {
+  if (second) return;
+  int32_t k = 0;
+  for (std::string_view item : SplitItems(text.view())) {
+    if (k >= MemberList.Count()) {
+      Owner->AddMessage(optMsgValueError,
+                        ShortStr("Too many items for multilist ") + Quoted(Owner->CurrentName));
+      break;
+    }
+    // A member that the definition couldn't resolve takes nothing.
+    if (toption *member = Owner->OptionAt(MemberList.GetItem(k))) SetFirstValue(*member, item);
+    ++k;
+  }
+}
+
+void tstrlistoption::AssignText(bool second, const ShortStr &text) {
+  if (second) return;
+  StrList.Add(text.view());
+  MarkAssigned(false);
+}
+
+void tmacrooption::AssignText(bool second, const ShortStr &text) {
+  if (second) return;
+  for (toption *member : MacroList)
+    SetFirstValue(*member, text);
+}
+
+}  // namespace optkw

@@ -1,0 +1,78 @@
+// What the statements of a definition text share while it is read.
+#pragma once
+
+#include <cstdint>
+
+#include "containers/short_str.h"
+#include "database/vlmoptions.h"
+#include "scanning/miniparser.h"
+
+namespace optkw {
+
+// The numeric fields of the statements. They live for the whole read, so a
+// field that finds no token keeps the value of an earlier statement.
+struct ClauseFields {
+  int32_t usermap = 0;
+  int32_t int_default = 0;
+  int32_t int_low = 0;
+  int32_t int_high = 0;
+  double dbl_default = 0;
+  double dbl_low = 0;
+  double dbl_high = 0;
+  int32_t hc = 0;
+  int32_t group = 0;
+  int32_t group_number = 0;
+};
+
+// How the reader goes on after a statement.
+enum class Continuation {
+  kNextLine,  // the rest of the line is dropped; the next line is the next statement
+  kSameLine,  // the scanner already stands at the start of the next statement
+  kEnd,       // the text is used up
+};
+
+struct StatementContext {
+  tvlmoptions &db;
+  tminiparser &parser;
+  ClauseFields fields;
+  uint8_t modifier = optsubRequired;  // the type modifier, kept from statement to statement
+  ShortStr name;                      // first token of the statement
+
+  // Reports `what` for the statement's name unless `ok`.
+  bool Check(bool ok, std::string_view what) { return db.CheckDefinition(ok, what, name.view()); }
+  bool ReadInt(int32_t &value, std::string_view fault) {
+    return Check(parser.ReadInteger(value), fault);
+  }
+  bool ReadDbl(double &value, std::string_view fault) {
+    return Check(parser.ReadDouble(value), fault);
+  }
+  // HC and group, read by every statement that makes an option.
+  void ReadHcAndGroup(std::string_view hc_fault) {
+    ReadInt(fields.hc, hc_fault);
+    ReadInt(fields.group, "Bad Group value");
+  }
+};
+
+// The clauses of the options that carry a value.
+Continuation ReadIntegerClause(StatementContext &ctx);
+Continuation ReadDoubleClause(StatementContext &ctx);
+Continuation ReadStringClause(StatementContext &ctx);
+Continuation ReadBooleanClause(StatementContext &ctx);
+Continuation ReadEnumStrClause(StatementContext &ctx);
+Continuation ReadEnumIntClause(StatementContext &ctx);
+
+// The other statements.
+Continuation ReadMultiList(StatementContext &ctx);
+Continuation ReadStrList(StatementContext &ctx);
+Continuation ReadMacro(StatementContext &ctx);
+Continuation ReadImmediate(StatementContext &ctx);
+Continuation ReadSynonym(StatementContext &ctx);
+Continuation ReadGroup(StatementContext &ctx);
+Continuation ReadDeprecation(StatementContext &ctx, uint8_t option_flag);
+Continuation ReadMapKeyword(StatementContext &ctx, uint8_t kind);
+Continuation ReadLookup(StatementContext &ctx);
+Continuation ReadEolComm(StatementContext &ctx);
+Continuation ReadSeparator(StatementContext &ctx);
+Continuation ReadStringQuote(StatementContext &ctx);
+
+}  // namespace optkw

@@ -1,0 +1,209 @@
+// Sources, lines and characters of tminiparser. The token readers are in
+// miniparser_tokens.cpp.
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include "scanning/miniparser.h"
+
+namespace optkw {
+namespace {
+
+constexpr size_t kReadAhead = 64 * 1024;
+constexpr size_t kEchoPiece = 130;
+constexpr char kEchoMark = static_cast<char>(187);
+
+}  // namespace
+
+tminiparser::tminiparser(txstringlist<int32_t> *messages, bool echo, const EolCharSet &eol_comm)
+    : FEcho(echo), FMessages(messages), FEolComm(eol_comm) {}
+
+tminiparser::~tminiparser() = default;
+
+bool tminiparser::OpenFile(std::string_view name, int32_t &io_code) {
+  name_ = std::string(name);
+  int code = 0;
+  if (name.empty()) {
+    FFile = std::unique_ptr<std::FILE, FileCloser>(stdin, FileCloser{false});
+  } else if (name.find('\0') != std::string_view::npos) {
+    code = ENOENT;  // no file system name holds a NUL byte
+  } else if (std::FILE *f = std::fopen(name_.c_str(), "rb")) {
+    FFile = std::unique_ptr<std::FILE, FileCloser>(f, FileCloser{true});
+    // A directory opens for reading here but can't be read: refuse it at the door.
+    struct stat info;
+    if (fstat(fileno(f), &info) == 0 && S_ISDIR(info.st_mode)) {
+      FFile.reset();
+      code = EISDIR;
+    }
+  } else {
+    code = errno;
+  }
+  FFileOpen = code == 0;
+  FLineNr = 0;
+  io_code = code;
+  if (!FFileOpen) {
+    FCh = kEndOfText;
+    FAtEnd = true;
+    return false;
+  }
+  FSourceKind = SourceKind::kFile;
+  buffer_ = std::make_unique_for_overwrite<char[]>(kReadAhead);
+  FAtEnd = !FillBuffer();
+  return true;
+}
+
+void tminiparser::OpenString(const ShortStr &text) {
+  FFileOpen = false;
+  std::memcpy(FLine, text.data(), static_cast<size_t>(text.size()));
+  FCol = -1;
+  FLen = text.size();
+  FSourceKind = SourceKind::kShortStr;
+  FLineNr = 0;
+  if (FEcho) EchoLine(text.view());
+  FAtEnd = FLen == 0;
+}
+
+void tminiparser::OpenPChar(const char *text) {
+  FFileOpen = false;
+  FPChar = text ? text : "";
+  const size_t length = std::strlen(FPChar);
+  FCol = -1;
+  FLen = length > INT32_MAX ? INT32_MAX : static_cast<int32_t>(length);
+  FSourceKind = SourceKind::kPChar;
+  FLineNr = 0;
+  if (FEcho) EchoLine(std::string_view(FPChar, static_cast<size_t>(FLen)));
+  FAtEnd = FLen == 0;
+}
+
+bool tminiparser::FillBuffer() {
+  if (file_exhausted_) return false;
+  buffer_pos_ = 0;
+  errno = 0;
+  buffer_len_ = std::fread(buffer_.get(), 1, kReadAhead, FFile.get());
+  if (std::ferror(FFile.get())) {
+    throw InOutError(errno != 0 ? errno : EIO, "miniparser: reading \"" + name_ + "\"");
+  }
+  if (buffer_len_ == 0) {
+    file_exhausted_ = true;
+    return false;
+  }
+  return true;
+}
+
+// Takes the next physical line into FLine: at most 1020 bytes are kept, the rest
+// up to the line feed is dropped, and a carriage return at the line end is
+// removed. Answers false at the end of the file.
+bool tminiparser::TakePhysicalLine() {
+  if (buffer_pos_ == buffer_len_ && !FillBuffer()) return false;
+  size_t length = 0;
+  bool ends_in_cr = false;
+  for (;;) {
+    const char *start = buffer_.get() + buffer_pos_;
+    const size_t available = buffer_len_ - buffer_pos_;
+    const char *lf = static_cast<const char *>(std::memchr(start, '\n', available));
+    const size_t segment = lf ? static_cast<size_t>(lf - start) : available;
+    if (length < static_cast<size_t>(kLineCapacity)) {
+      const size_t room = kLineCapacity - length;
+      std::memcpy(FLine + length, start, segment < room ? segment : room);
+    }
+    if (segment > 0) ends_in_cr = start[segment - 1] == '\r';
+    length += segment;
+    buffer_pos_ += segment;
+    if (lf) {
+      ++buffer_pos_;
+      break;
+    }
+    if (!FillBuffer()) break;
+  }
+  const size_t content = length - (ends_in_cr ? 1 : 0);
+  FLen =
+      content < static_cast<size_t>(kLineCapacity) ? static_cast<int32_t>(content) : kLineCapacity;
+  return true;
+}
+
+bool tminiparser::ReadFileLine() {
+  for (;;) {
+    if (!TakePhysicalLine()) {
+      FLen = -1;
+      FCh = kEndOfText;
+      return false;
+    }
+    if (FLineNr < INT32_MAX) ++FLineNr;
+    if (FEcho) EchoLine(std::string_view(FLine, static_cast<size_t>(FLen)));
+    // Empty lines and comment lines never reach the readers.
+    if (FLen > 0 && FLine[0] != '*') return true;
+  }
+}
+
+void tminiparser::EchoLine(std::string_view line) {
+  if (line.empty()) {
+    FMessages->AddObject("", 0);
+    return;
+  }
+  if (line.size() <= kEchoPiece) {
+    FMessages->AddObject(ShortStr(" ") + line, 0);
+    return;
+  }
+  // Long lines come in pieces of 130, each marked in front, and each full piece
+  // marked behind as well when at least two more characters follow it.
+  for (size_t offset = 0; offset < line.size(); offset += kEchoPiece) {
+    const std::string_view piece = line.substr(offset, kEchoPiece);
+    ShortStr text = ShortStr(std::string_view(&kEchoMark, 1)) + piece;
+    if (line.size() - offset - piece.size() >= 2) text += kEchoMark;
+    FMessages->AddObject(text, 0);
+  }
+}
+
+void tminiparser::NextCh() {
+  if (FCh == kEndOfText) return;  // the end of the text is sticky
+  if (FCol < FLen) {
+    ++FCol;
+    FCh = CharAt(FCol);
+  } else if (FCol == FLen) {
+    FCh = kLineEnd;
+    ++FCol;
+  } else if (FSourceKind != SourceKind::kFile) {
+    FCh = kEndOfText;
+  } else {
+    // A file walks on across line ends by itself.
+    FCol = 0;
+    if (ReadFileLine()) {
+      FCol = 1;
+      FCh = CharAt(1);
+    }
+  }
+}
+
+bool tminiparser::NextLine() {
+  if (FSourceKind == SourceKind::kFile) {
+    FCol = 0;
+    if (!FFileOpen || !ReadFileLine()) return false;
+    FCol = 1;
+    FCh = CharAt(1);
+    return true;
+  }
+  if (FCol < 1) {
+    // A string source is one line: the first call delivers it...
+    FCol = 1;
+    FCh = FLen > 0 ? CharAt(1) : kEndOfText;
+    return FLen > 0;
+  }
+  // ...and any later call ends it.
+  FLen = 0;
+  return false;
+}
+
+bool tminiparser::SkipBlanks() {
+  while (FCh == ' ' || FCh == '\t')
+    NextCh();
+  if (FEolComm.Has(FCh)) {
+    while (!AtTokenEnd())
+      NextCh();
+    return false;
+  }
+  return !AtTokenEnd();
+}
+
+}  // namespace optkw
