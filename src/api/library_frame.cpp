@@ -1,6 +1,8 @@
 #include "api/library_frame.h"
 
 #include <memory>
+#include <optional>
+#include <type_traits>
 
 #include "api/build_info.h"
 #include "database/list_separator.h"
@@ -17,7 +19,10 @@ constexpr int32_t kAuditLength = 78;
 constexpr int32_t kAuditNameColumn = 24;
 
 // The audit record: created by the first load, disposed of by the last unload.
-std::unique_ptr<ShortStr> audit_record;
+// It has no destructor of its own: the unload notification may come after the
+// process has run the destructors of static objects.
+std::optional<ShortStr> audit_record;
+static_assert(std::is_trivially_destructible_v<std::optional<ShortStr>>);
 
 // The build's audit line as it is carried in the binary, between two markers
 // of six characters that the record doesn't keep.
@@ -41,7 +46,7 @@ ShortStr LoadPath;
 
 void LoadChain() {
   if (++LoadCount != 1) return;
-  audit_record = std::make_unique<ShortStr>(WithoutMarkers(AuditLine()));
+  audit_record.emplace(WithoutMarkers(AuditLine()));
   LoadPath.Clear();
   ListSeparatorChar = ListSeparatorFor(kPlatformCode);
 }

@@ -40,11 +40,11 @@ class txlist : public tquicksortclass {
   int32_t Add(T item) {
     if (Count() == capacity_) Grow();
     items_.push_back(std::move(item));
-    return Count() - 1 + Base();
+    return Count() - 1 + IndexBase();
   }
 
-  T &GetItem(int32_t index) { return items_[index - Base()]; }
-  const T &GetItem(int32_t index) const { return items_[index - Base()]; }
+  T &GetItem(int32_t index) { return items_[index - IndexBase()]; }
+  const T &GetItem(int32_t index) const { return items_[index - IndexBase()]; }
   Raw Get(int32_t index) const { return RawEntry(GetItem(index)); }
 
   // The last entry, or nil (0) for an empty list.
@@ -53,20 +53,20 @@ class txlist : public tquicksortclass {
   // First position whose entry is `item`, or -1.
   int32_t IndexOf(Raw item) const {
     for (size_t i = 0; i < items_.size(); ++i) {
-      if (RawEntry(items_[i]) == item) return static_cast<int32_t>(i) + Base();
+      if (RawEntry(items_[i]) == item) return static_cast<int32_t>(i) + IndexBase();
     }
     return -1;
   }
 
   // Frees the entry (if the list owns it) and closes the gap. Storage is kept.
-  void Delete(int32_t index) { items_.erase(items_.begin() + (index - Base())); }
+  void Delete(int32_t index) { items_.erase(items_.begin() + (index - IndexBase())); }
 
   // Searches from the last entry; the last match is deleted. Gives its position or -1.
   int32_t Remove(Raw item) {
     for (size_t i = items_.size(); i-- > 0;) {
       if (RawEntry(items_[i]) == item) {
         items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(i));
-        return static_cast<int32_t>(i) + Base();
+        return static_cast<int32_t>(i) + IndexBase();
       }
     }
     return -1;
@@ -120,7 +120,7 @@ class txstrings : public txlist<HeapStr> {
   int32_t IndexOf(std::string_view s) const {
     if (s.empty()) return -1;
     for (int32_t i = 0; i < Count(); ++i) {
-      if (EqualNoCase(GetItem(i + Base()).view(), s)) return i + Base();
+      if (EqualNoCase(GetItem(i + IndexBase()).view(), s)) return i + IndexBase();
     }
     return -1;
   }

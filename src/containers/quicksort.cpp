@@ -6,7 +6,7 @@ namespace optkw {
 
 void tquicksortclass::SortN(int32_t count) {
   if (count < 2) return;
-  QuickSort(Base(), Base() + count - 1);
+  QuickSort(IndexBase(), IndexBase() + count - 1);
 }
 
 void tquicksortclass::QuickSort(int32_t lo, int32_t hi) {

@@ -20,7 +20,7 @@ class tquicksortclass {
   bool OneBased = false;
 
  protected:
-  int32_t Base() const { return OneBased ? 1 : 0; }
+  int32_t IndexBase() const { return OneBased ? 1 : 0; }
 
  private:
   void QuickSort(int32_t lo, int32_t hi);

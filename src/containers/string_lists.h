@@ -60,13 +60,14 @@ class txcustomstringlist : public tquicksortclass {
     if (index_valid_ && !s.empty()) {
       index_.try_emplace(std::string(items_.back().FString.view()), position);
     }
-    return position + Base();
+    return position + IndexBase();
   }
 
   ShortStr GetName(int32_t index) const { return Key(index); }
-  std::string_view Key(int32_t index) const { return items_[index - Base()].FString.view(); }
-  Raw GetObject(int32_t index) const { return RawEntry(items_[index - Base()].FObject); }
-  C &ObjectSlot(int32_t index) { return items_[index - Base()].FObject; }
+  std::string_view Key(int32_t index) const { return items_[index - IndexBase()].FString.view(); }
+  Raw GetObject(int32_t index) const { return RawEntry(items_[index - IndexBase()].FObject); }
+  C &ObjectSlot(int32_t index) { return items_[index - IndexBase()].FObject; }
+  const C &ObjectSlot(int32_t index) const { return items_[index - IndexBase()].FObject; }
 
   // First entry whose key equals `s` without regard to case, or -1. An empty key
   // is stored as nil and is never found by the empty text.
@@ -75,24 +76,24 @@ class txcustomstringlist : public tquicksortclass {
     if (indexed_) {
       if (!index_valid_) RebuildIndex();
       auto it = index_.find(s);
-      return it == index_.end() ? -1 : it->second + Base();
+      return it == index_.end() ? -1 : it->second + IndexBase();
     }
     for (size_t i = 0; i < items_.size(); ++i) {
-      if (EqualNoCase(items_[i].FString.view(), s)) return static_cast<int32_t>(i) + Base();
+      if (EqualNoCase(items_[i].FString.view(), s)) return static_cast<int32_t>(i) + IndexBase();
     }
     return -1;
   }
 
   int32_t IndexOfObject(Raw obj) const {
     for (size_t i = 0; i < items_.size(); ++i) {
-      if (RawEntry(items_[i].FObject) == obj) return static_cast<int32_t>(i) + Base();
+      if (RawEntry(items_[i].FObject) == obj) return static_cast<int32_t>(i) + IndexBase();
     }
     return -1;
   }
 
   // Releases the key and the companion (if owned) and closes the gap.
   void Delete(int32_t index) {
-    items_.erase(items_.begin() + (index - Base()));
+    items_.erase(items_.begin() + (index - IndexBase()));
     InvalidateIndex();
   }
 
@@ -106,7 +107,7 @@ class txcustomstringlist : public tquicksortclass {
   }
 
   void Exchange(int32_t i, int32_t j) override {
-    std::swap(items_[i - Base()], items_[j - Base()]);
+    std::swap(items_[i - IndexBase()], items_[j - IndexBase()]);
     InvalidateIndex();
   }
 

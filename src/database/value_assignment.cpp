@@ -90,7 +90,7 @@ bool OutOfList(tvlmoptions &db, std::string_view what, const ShortStr &seen,
 
 bool OutOfEnumList(const toption &option, const ShortStr &seen) {
   return OutOfList(*option.Owner, "Unknown value for option ", seen,
-                   ShortStr("   Possible values are") + PossibleValues(option));
+                   ShortStr("   Possible values are ") + PossibleValues(option));
 }
 
 template <class V>
