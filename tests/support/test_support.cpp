@@ -34,7 +34,9 @@ std::string TempDir::Write(std::string_view name, std::string_view content) cons
   return file.string();
 }
 
-std::string Fixture(std::string_view name) { return std::string(OPTKW_FIXTURES) + "/" + std::string(name); }
+std::string Fixture(std::string_view name) {
+  return std::string(OPTKW_FIXTURES) + "/" + std::string(name);
+}
 
 std::vector<Message> Messages(tvlmoptions &db) {
   std::vector<Message> result;
@@ -49,7 +51,8 @@ std::vector<Message> Messages(tvlmoptions &db) {
 
 std::vector<std::string> MessageTexts(tvlmoptions &db) {
   std::vector<std::string> result;
-  for (const Message &m : Messages(db)) result.push_back(m.text);
+  for (const Message &m : Messages(db))
+    result.push_back(m.text);
   return result;
 }
 
@@ -65,7 +68,9 @@ CaptureStdout::CaptureStdout() {
   dup2(fileno(file_), fileno(stdout));
 }
 
-CaptureStdout::~CaptureStdout() { Finish(); }
+CaptureStdout::~CaptureStdout() {
+  Finish();
+}
 
 std::string CaptureStdout::Finish() {
   if (saved_fd_ < 0) return {};
@@ -77,7 +82,8 @@ std::string CaptureStdout::Finish() {
   std::rewind(file_);
   char buffer[4096];
   size_t n;
-  while ((n = std::fread(buffer, 1, sizeof buffer, file_)) > 0) captured.append(buffer, n);
+  while ((n = std::fread(buffer, 1, sizeof buffer, file_)) > 0)
+    captured.append(buffer, n);
   std::fclose(file_);
   return captured;
 }

@@ -1,0 +1,35 @@
+// The optkw tool's view of the library: a handle that frees itself, and the
+// few conversions the commands share. Everything goes through the public C
+// interface, as any client's would.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "optkw.h"
+
+namespace optkw_tool {
+
+class Handle {
+ public:
+  Handle();
+  ~Handle() { optFree(&handle_); }
+  Handle(const Handle &) = delete;
+  Handle &operator=(const Handle &) = delete;
+
+  optHandle_t get() const { return handle_; }
+
+ private:
+  optHandle_t handle_ = nullptr;
+};
+
+struct Message {
+  std::string text;  // decorated, as the library shows it
+  int type;
+};
+
+// Messages from number `first` on.
+std::vector<Message> MessagesFrom(optHandle_t h, int first);
+
+}  // namespace optkw_tool

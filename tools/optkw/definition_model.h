@@ -1,0 +1,71 @@
+// What a definition declares, gathered through the public interface, for the
+// export command.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "optkw.h"
+
+namespace optkw_tool {
+
+struct EnumValue {
+  std::string value;  // the text, or the integer's digits
+  int help_context = 0;
+  std::string help;
+};
+
+struct Deprecation {
+  std::string kind;  // "deprecated" or "obsolete"
+  std::string text;
+};
+
+struct SynonymInfo {
+  std::string name;
+  std::optional<Deprecation> deprecation;
+};
+
+struct OptionInfo {
+  int number = 0;
+  std::string name;  // as shown (blanks for "_" under the Minos lookup)
+  std::string key;   // as defined
+  int type = 0;
+  int subtype = 0;
+  int reference = 0;
+  int help_context = 0;
+  int group = 0;
+  std::string help;
+  std::vector<std::string> more_help;
+  // Bounds and default as text, in the library's rendering ("maxint", "1E-6").
+  std::optional<std::string> lower, upper, default_value;
+  bool default_is_text = false;  // strings and enumerated strings
+  std::vector<EnumValue> values;
+  std::vector<SynonymInfo> synonyms;
+  std::optional<Deprecation> deprecation;
+  bool listed = false;  // shown in the help listings (help context and group above 0)
+};
+
+struct GroupInfo {
+  std::string name;
+  int number = 0;
+  int help_context = 0;
+  std::string help;
+};
+
+struct DefinitionModel {
+  std::string file;
+  std::vector<GroupInfo> groups;
+  std::vector<OptionInfo> options;
+};
+
+// Describes the definition that `h` has read from the file `definition`.
+DefinitionModel DescribeDefinition(optHandle_t h, const std::string &definition);
+
+std::string ExportJson(const DefinitionModel &model);
+std::string ExportMarkdown(const DefinitionModel &model);
+
+const char *TypeName(int type);
+const char *SubtypeName(int subtype);
+
+}  // namespace optkw_tool
