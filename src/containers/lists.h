@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "containers/ascii.h"
+#include "containers/growing_vector.h"
 #include "containers/heap_str.h"
 #include "containers/quicksort.h"
 #include "containers/short_str.h"
@@ -38,8 +39,7 @@ class txlist : public tquicksortclass {
   using Raw = decltype(RawEntry(std::declval<const T &>()));
 
   int32_t Add(T item) {
-    if (Count() == capacity_) Grow();
-    items_.push_back(std::move(item));
+    items_.Append(std::move(item));
     return Count() - 1 + IndexBase();
   }
 
@@ -52,52 +52,41 @@ class txlist : public tquicksortclass {
 
   // First position whose entry is `item`, or -1.
   int32_t IndexOf(Raw item) const {
-    for (size_t i = 0; i < items_.size(); ++i) {
-      if (RawEntry(items_[i]) == item) return static_cast<int32_t>(i) + IndexBase();
+    for (int32_t i = 0; i < Count(); ++i) {
+      if (RawEntry(items_[i]) == item) return i + IndexBase();
     }
     return -1;
   }
 
   // Frees the entry (if the list owns it) and closes the gap. Storage is kept.
-  void Delete(int32_t index) { items_.erase(items_.begin() + (index - IndexBase())); }
+  void Delete(int32_t index) { items_.Erase(index - IndexBase()); }
 
   // Searches from the last entry; the last match is deleted. Gives its position or -1.
   int32_t Remove(Raw item) {
-    for (size_t i = items_.size(); i-- > 0;) {
+    for (int32_t i = Count(); i-- > 0;) {
       if (RawEntry(items_[i]) == item) {
-        items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(i));
-        return static_cast<int32_t>(i) + IndexBase();
+        items_.Erase(i);
+        return i + IndexBase();
       }
     }
     return -1;
   }
 
   // Frees the entries from the last to the first and releases the storage.
-  void Clear() {
-    while (!items_.empty())
-      items_.pop_back();
-    std::vector<T>().swap(items_);
-    capacity_ = 0;
-  }
+  void Clear() { items_.Release(); }
 
   void Exchange(int32_t i, int32_t j) override { std::swap(GetItem(i), GetItem(j)); }
   // A plain list has no order of its own; sorting one is a programming error.
   int32_t Compare(int32_t, int32_t) override { throw std::logic_error("Abstract error"); }
 
-  int32_t Count() const { return static_cast<int32_t>(items_.size()); }
-  int32_t Capacity() const { return capacity_; }
+  int32_t Count() const { return items_.Count(); }
+  int32_t Capacity() const { return items_.Capacity(); }
 
   auto begin() const { return items_.begin(); }
   auto end() const { return items_.end(); }
 
  private:
-  void Grow() {
-    capacity_ = GrownCapacity(capacity_, Count());
-    items_.reserve(static_cast<size_t>(capacity_));
-  }
-
-  std::vector<T> items_;
-  int32_t capacity_ = 0;
+  GrowingVector<T> items_;
 };
 
 template <class T>

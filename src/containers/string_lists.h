@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "containers/ascii.h"
+#include "containers/growing_vector.h"
 #include "containers/heap_str.h"
 #include "containers/lists.h"
 #include "containers/quicksort.h"
@@ -54,8 +55,7 @@ class txcustomstringlist : public tquicksortclass {
   int32_t Add(std::string_view s) { return AddObject(s, C{}); }
 
   int32_t AddObject(std::string_view s, C obj) {
-    if (Count() == capacity_) Grow();
-    items_.push_back(Entry{HeapStr(s), std::move(obj)});
+    items_.Append(Entry{HeapStr(s), std::move(obj)});
     const int32_t position = Count() - 1;
     if (index_valid_ && !s.empty()) {
       index_.try_emplace(std::string(items_.back().FString.view()), position);
@@ -78,31 +78,28 @@ class txcustomstringlist : public tquicksortclass {
       auto it = index_.find(s);
       return it == index_.end() ? -1 : it->second + IndexBase();
     }
-    for (size_t i = 0; i < items_.size(); ++i) {
-      if (EqualNoCase(items_[i].FString.view(), s)) return static_cast<int32_t>(i) + IndexBase();
+    for (int32_t i = 0; i < Count(); ++i) {
+      if (EqualNoCase(items_[i].FString.view(), s)) return i + IndexBase();
     }
     return -1;
   }
 
   int32_t IndexOfObject(Raw obj) const {
-    for (size_t i = 0; i < items_.size(); ++i) {
-      if (RawEntry(items_[i].FObject) == obj) return static_cast<int32_t>(i) + IndexBase();
+    for (int32_t i = 0; i < Count(); ++i) {
+      if (RawEntry(items_[i].FObject) == obj) return i + IndexBase();
     }
     return -1;
   }
 
   // Releases the key and the companion (if owned) and closes the gap.
   void Delete(int32_t index) {
-    items_.erase(items_.begin() + (index - IndexBase()));
+    items_.Erase(index - IndexBase());
     InvalidateIndex();
   }
 
   // Releases keys and companions from the last entry to the first, then the storage.
   void Clear() {
-    while (!items_.empty())
-      items_.pop_back();
-    std::vector<Entry>().swap(items_);
-    capacity_ = 0;
+    items_.Release();
     InvalidateIndex();
   }
 
@@ -113,8 +110,8 @@ class txcustomstringlist : public tquicksortclass {
 
   int32_t Compare(int32_t i, int32_t j) override { return CompareKeys(Key(i), Key(j)); }
 
-  int32_t Count() const { return static_cast<int32_t>(items_.size()); }
-  int32_t Capacity() const { return capacity_; }
+  int32_t Count() const { return items_.Count(); }
+  int32_t Capacity() const { return items_.Capacity(); }
   bool empty() const { return items_.empty(); }
 
   // Bytes held by the keys: each counts its length plus one.
@@ -135,25 +132,20 @@ class txcustomstringlist : public tquicksortclass {
   auto end() const { return items_.end(); }
 
  private:
-  void Grow() {
-    capacity_ = GrownCapacity(capacity_, Count());
-    items_.reserve(static_cast<size_t>(capacity_));
-  }
   void InvalidateIndex() {
     index_valid_ = false;
     index_.clear();
   }
   void RebuildIndex() const {
     index_.clear();
-    for (size_t i = 0; i < items_.size(); ++i) {
+    for (int32_t i = 0; i < Count(); ++i) {
       std::string_view key = items_[i].FString.view();
-      if (!key.empty()) index_.try_emplace(std::string(key), static_cast<int32_t>(i));
+      if (!key.empty()) index_.try_emplace(std::string(key), i);
     }
     index_valid_ = true;
   }
 
-  std::vector<Entry> items_;
-  int32_t capacity_ = 0;
+  GrowingVector<Entry> items_;
   bool indexed_ = false;
   mutable bool index_valid_ = false;
   // Zero-based position of the first entry of each key.

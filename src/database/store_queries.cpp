@@ -24,6 +24,17 @@ int32_t Element(const txstrings &list, int32_t dim, ShortStr &uel) {
   return 1;
 }
 
+// Element `dim` of the equation's or the variable's list of map entry `nr`.
+int32_t MapElement(tvlmoptions &db, int32_t kind, int32_t nr, int32_t dim,
+                   txstrings tvarequmapitem::*elements, ShortStr &uel) {
+  const tvarequmapitem *entry = MapEntry(db, kind, nr);
+  if (!entry) {
+    uel.Clear();
+    return 0;
+  }
+  return Element(entry->*elements, dim, uel);
+}
+
 }  // namespace
 
 int32_t optDotOptCount(tvlmoptions &db, int32_t &errors) {
@@ -92,22 +103,12 @@ int32_t optGetVarEquMapNr(tvlmoptions &db, int32_t kind, int32_t nr, ShortStr &e
 
 int32_t optGetEquVarEquMapNr(tvlmoptions &db, int32_t kind, int32_t nr, int32_t dim,
                              ShortStr &uel) {
-  const tvarequmapitem *entry = MapEntry(db, kind, nr);
-  if (!entry) {
-    uel.Clear();
-    return 0;
-  }
-  return Element(entry->EquUels, dim, uel);
+  return MapElement(db, kind, nr, dim, &tvarequmapitem::EquUels, uel);
 }
 
 int32_t optGetVarVarEquMapNr(tvlmoptions &db, int32_t kind, int32_t nr, int32_t dim,
                              ShortStr &uel) {
-  const tvarequmapitem *entry = MapEntry(db, kind, nr);
-  if (!entry) {
-    uel.Clear();
-    return 0;
-  }
-  return Element(entry->VarUels, dim, uel);
+  return MapElement(db, kind, nr, dim, &tvarequmapitem::VarUels, uel);
 }
 
 int32_t optIndicatorCount(tvlmoptions &db, int32_t &errors) {

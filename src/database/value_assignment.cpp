@@ -16,10 +16,6 @@ char ListSeparatorChar = ListSeparatorFor(1);
 
 namespace {
 
-ShortStr Quoted(std::string_view text) {
-  return ShortStr("\"") + text + "\"";
-}
-
 int32_t RangeMessageType(const tvlmoptions &db) {
   return db.NoBounds ? optMsgValueWarning : optMsgValueError;
 }
@@ -46,6 +42,15 @@ bool IntegerWord(std::string_view text, int32_t &value) {
     return false;
   }
   return true;
+}
+
+// A number, or one of the words integer options take, through `convert`;
+// reports the text when it is neither.
+bool IntegerFromText(tvlmoptions &db, const ShortStr &text,
+                     bool (*convert)(std::string_view, int32_t &), int32_t &value) {
+  if (convert(text.view(), value) || IntegerWord(text.view(), value)) return true;
+  Refused(db, "Integer expected, for option ", text);
+  return false;
 }
 
 // The range step: a number outside [lo, hi] becomes the bound it passed, with two
@@ -148,11 +153,7 @@ void SetSecondValue(toption &option, const ShortStr &text) {
 
 void tintoption::AssignText(bool second, const ShortStr &text) {
   int32_t value;
-  if (!TextToIntegerLax(text.view(), value) && !IntegerWord(text.view(), value)) {
-    Refused(*Owner, "Integer expected, for option ", text);
-    return;
-  }
-  AssignInt(second, value);
+  if (IntegerFromText(*Owner, text, TextToIntegerLax, value)) AssignInt(second, value);
 }
 
 bool tintoption::AssignInt(bool second, int32_t value) {
@@ -245,15 +246,11 @@ bool tenumstroption::AssignValues(bool second, int32_t, double, const ShortStr &
   return true;
 }
 
-// ---- enumerated integer: strict integers only, no double syntax.
+// ---- enumerated integer: strict integers only, no double syntax as for integers.
 
 void tenumintoption::AssignText(bool second, const ShortStr &text) {
   int32_t value;
-  if (!TextToInteger(text.view(), value) && !IntegerWord(text.view(), value)) {
-    Refused(*Owner, "Integer expected, for option ", text);
-    return;
-  }
-  AssignInt(second, value);
+  if (IntegerFromText(*Owner, text, TextToInteger, value)) AssignInt(second, value);
 }
 
 bool tenumintoption::AssignInt(bool second, int32_t value) {

@@ -152,7 +152,7 @@ void ReadDefinitionBody(tvlmoptions &db) {
       ctx.Check(!known, "Duplicate option");
     }
     if (keyword < kSynonym && keyword != optTypeMacro && keyword != optTypeImmediate) {
-      ctx.ReadInt(ctx.fields.usermap, "Bad usermap value");
+      ctx.ReadNumber(ctx.fields.usermap, "Bad usermap value");
     } else {
       ctx.fields.usermap = -1;
     }

@@ -9,16 +9,20 @@
 
 namespace optkw {
 
+// Default and bounds of a numeric option.
+template <class T>
+struct BoundedFields {
+  T def = 0;
+  T low = 0;
+  T high = 0;
+};
+
 // The numeric fields of the statements. They live for the whole read, so a
 // field that finds no token keeps the value of an earlier statement.
 struct ClauseFields {
   int32_t usermap = 0;
-  int32_t int_default = 0;
-  int32_t int_low = 0;
-  int32_t int_high = 0;
-  double dbl_default = 0;
-  double dbl_low = 0;
-  double dbl_high = 0;
+  BoundedFields<int32_t> integer;  // also the default of booleans and enumerated integers
+  BoundedFields<double> real;
   int32_t hc = 0;
   int32_t group = 0;
   int32_t group_number = 0;
@@ -40,16 +44,17 @@ struct StatementContext {
 
   // Reports `what` for the statement's name unless `ok`.
   bool Check(bool ok, std::string_view what) { return db.CheckDefinition(ok, what, name.view()); }
-  bool ReadInt(int32_t &value, std::string_view fault) {
+  // A numeric field; a fault is reported as `fault`.
+  bool ReadNumber(int32_t &value, std::string_view fault) {
     return Check(parser.ReadInteger(value), fault);
   }
-  bool ReadDbl(double &value, std::string_view fault) {
+  bool ReadNumber(double &value, std::string_view fault) {
     return Check(parser.ReadDouble(value), fault);
   }
   // HC and group, read by every statement that makes an option.
   void ReadHcAndGroup(std::string_view hc_fault) {
-    ReadInt(fields.hc, hc_fault);
-    ReadInt(fields.group, "Bad Group value");
+    ReadNumber(fields.hc, hc_fault);
+    ReadNumber(fields.group, "Bad Group value");
   }
 };
 

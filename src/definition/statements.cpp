@@ -13,10 +13,6 @@
 namespace optkw {
 namespace {
 
-ShortStr Quoted(std::string_view text) {
-  return ShortStr("\"") + text + "\"";
-}
-
 // Characters that can't start an end-of-line comment: controls, the blank,
 // quotes, signs, the dot, digits and letters. The first of them ends the list.
 CharSet RejectEolChars() {
@@ -122,8 +118,8 @@ Continuation ReadSynonym(StatementContext &ctx) {
 Continuation ReadGroup(StatementContext &ctx) {
   ClauseFields &f = ctx.fields;
   ctx.Check(ctx.db.Groups.IndexOf(ctx.name.view()) < 0, "Duplicate group");
-  ctx.ReadInt(f.group_number, "Bad group number");
-  ctx.ReadInt(f.hc, "Bad HC");
+  ctx.ReadNumber(f.group_number, "Bad group number");
+  ctx.ReadNumber(f.hc, "Bad HC");
   ctx.Check(optGetGroupGrpNr(ctx.db, f.group_number) < 0, "Group number not unique");
   auto group = std::make_unique<tgroupobj>();
   group->HC = f.hc;

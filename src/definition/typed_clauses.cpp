@@ -29,32 +29,29 @@ Option &Add(StatementContext &ctx, std::unique_ptr<Option> option) {
 
 }  // namespace
 
-Continuation ReadIntegerClause(StatementContext &ctx) {
+// Integers and doubles: default, low, high, HC, group, help. Only the default
+// is checked against the bounds.
+template <class Option, class T>
+Continuation ReadBoundedClause(StatementContext &ctx, BoundedFields<T> &v,
+                               std::string_view hc_fault) {
   ClauseFields &f = ctx.fields;
-  ctx.ReadInt(f.int_default, "Bad default value");
-  ctx.ReadInt(f.int_low, "Bad low value");
-  ctx.ReadInt(f.int_high, "Bad high value");
-  ctx.ReadHcAndGroup("Bad HC value");
+  ctx.ReadNumber(v.def, "Bad default value");
+  ctx.ReadNumber(v.low, "Bad low value");
+  ctx.ReadNumber(v.high, "Bad high value");
+  ctx.ReadHcAndGroup(hc_fault);
   const ShortStr help = ctx.parser.ReadRestOfLine();
-  ctx.Check(f.int_low <= f.int_default && f.int_default <= f.int_high, "Default not in range");
-  auto &option =
-      Add(ctx, std::make_unique<tintoption>(ctx.name.view(), &ctx.db, f.usermap, f.hc, f.group,
-                                            help.view(), f.int_default, f.int_low, f.int_high));
+  ctx.Check(v.low <= v.def && v.def <= v.high, "Default not in range");
+  auto &option = Add(ctx, std::make_unique<Option>(ctx.name.view(), &ctx.db, f.usermap, f.hc,
+                                                   f.group, help.view(), v.def, v.low, v.high));
   return ReadHelpLines(ctx, option);
 }
 
+Continuation ReadIntegerClause(StatementContext &ctx) {
+  return ReadBoundedClause<tintoption>(ctx, ctx.fields.integer, "Bad HC value");
+}
+
 Continuation ReadDoubleClause(StatementContext &ctx) {
-  ClauseFields &f = ctx.fields;
-  ctx.ReadDbl(f.dbl_default, "Bad default value");
-  ctx.ReadDbl(f.dbl_low, "Bad low value");
-  ctx.ReadDbl(f.dbl_high, "Bad high value");
-  ctx.ReadHcAndGroup("Bad HC");
-  const ShortStr help = ctx.parser.ReadRestOfLine();
-  ctx.Check(f.dbl_low <= f.dbl_default && f.dbl_default <= f.dbl_high, "Default not in range");
-  auto &option =
-      Add(ctx, std::make_unique<tdbloption>(ctx.name.view(), &ctx.db, f.usermap, f.hc, f.group,
-                                            help.view(), f.dbl_default, f.dbl_low, f.dbl_high));
-  return ReadHelpLines(ctx, option);
+  return ReadBoundedClause<tdbloption>(ctx, ctx.fields.real, "Bad HC");
 }
 
 Continuation ReadStringClause(StatementContext &ctx) {
@@ -71,12 +68,12 @@ Continuation ReadStringClause(StatementContext &ctx) {
 
 Continuation ReadBooleanClause(StatementContext &ctx) {
   ClauseFields &f = ctx.fields;
-  ctx.ReadInt(f.int_default, "Bad default value");
+  ctx.ReadNumber(f.integer.def, "Bad default value");
   ctx.ReadHcAndGroup("Bad HC");
   const ShortStr help = ctx.parser.ReadRestOfLine();
   auto &option =
       Add(ctx, std::make_unique<tbooleanoption>(ctx.name.view(), &ctx.db, f.usermap, f.hc, f.group,
-                                                help.view(), f.int_default));
+                                                help.view(), f.integer.def));
   return ReadHelpLines(ctx, option);
 }
 
@@ -94,7 +91,7 @@ Continuation ReadEnumStrClause(StatementContext &ctx) {
     ShortStr value;
     ctx.parser.ReadToken(value);
     if (value.empty()) break;
-    ctx.ReadInt(value_hc, "Bad HC");
+    ctx.ReadNumber(value_hc, "Bad HC");
     auto item = std::make_unique<toptionx>();
     item->HC = value_hc;
     item->HelpText = ctx.parser.ReadRestOfLine().view();
@@ -106,16 +103,16 @@ Continuation ReadEnumStrClause(StatementContext &ctx) {
 
 Continuation ReadEnumIntClause(StatementContext &ctx) {
   ClauseFields &f = ctx.fields;
-  ctx.ReadInt(f.int_default, "Bad default value");
+  ctx.ReadNumber(f.integer.def, "Bad default value");
   ctx.ReadHcAndGroup("Bad HC");
   const ShortStr help = ctx.parser.ReadRestOfLine();
   auto option = std::make_unique<tenumintoption>(ctx.name.view(), &ctx.db, f.usermap, f.hc, f.group,
-                                                 help.view(), f.int_default);
+                                                 help.view(), f.integer.def);
   int32_t value = 0;
   int32_t value_hc = 0;
   while (ctx.parser.NextLine() && ctx.parser.FCh == ' ') {
-    ctx.ReadInt(value, "Bad integer enum");
-    ctx.ReadInt(value_hc, "Bad HC");
+    ctx.ReadNumber(value, "Bad integer enum");
+    ctx.ReadNumber(value_hc, "Bad HC");
     auto item = std::make_unique<tlistoptionx>();
     item->HC = value_hc;
     item->HelpText = ctx.parser.ReadRestOfLine().view();
@@ -124,7 +121,7 @@ Continuation ReadEnumIntClause(StatementContext &ctx) {
   }
   bool listed = false;
   for (const auto &item : option->EnumList)
-    listed = listed || item->Value == f.int_default;
+    listed = listed || item->Value == f.integer.def;
   ctx.Check(listed, "Default is undefined");
   Add(ctx, std::move(option));
   return Continuation::kSameLine;

@@ -7,20 +7,13 @@
 
 #include "database/operations.h"
 #include "parameters/statement_reader.h"
+#include "scanning/text_ops.h"
 
 namespace optkw {
 namespace {
 
 constexpr int32_t kMaxKeyLength = 63;
 constexpr int32_t kMaxElements = 20;
-
-ShortStr Quoted(std::string_view text) {
-  return ShortStr("\"") + text + "\"";
-}
-
-char ClosingBracket(char opening) {
-  return opening == '(' ? ')' : opening == '[' ? ']' : '}';
-}
 
 void ParseDotOption(ParameterRun &run, const ShortStr &key, int32_t position) {
   tvlmoptions &db = run.db;
@@ -33,7 +26,7 @@ void ParseDotOption(ParameterRun &run, const ShortStr &key, int32_t position) {
   db.DotOptions.AddObject(key.view(), std::move(owned));
 
   char opening;
-  if (p.AcceptCharInSet(CharSet{'(', '[', '{'}, opening)) {
+  if (p.AcceptCharInSet(OpeningBrackets(), opening)) {
     const char closing = ClosingBracket(opening);
     for (;;) {
       ShortStr element;

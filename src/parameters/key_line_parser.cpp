@@ -17,10 +17,6 @@
 namespace optkw {
 namespace {
 
-ShortStr Quoted(std::string_view text) {
-  return ShortStr("\"") + text + "\"";
-}
-
 bool AtLineEnd(char c) {
   return c == kLineEnd || c == kEndOfText;
 }

@@ -16,14 +16,6 @@ namespace {
 constexpr int32_t kMaxIdentifier = 63;
 constexpr int32_t kMaxIndices = 20;
 
-ShortStr Quoted(std::string_view text) {
-  return ShortStr("\"") + text + "\"";
-}
-
-char ClosingBracket(char opening) {
-  return opening == '(' ? ')' : opening == '[' ? ']' : '}';
-}
-
 enum class Side { kEquation, kVariable };
 
 // Reads an identifier and its index list into the entry being filled. Gives
@@ -49,7 +41,7 @@ bool ParseMapIdentifier(ParameterRun &run, Side side, ShortStr &id, tvarequmapit
   name = id.view();
 
   char opening;
-  if (!p.AcceptCharInSet(CharSet{'(', '[', '{'}, opening)) return true;
+  if (!p.AcceptCharInSet(OpeningBrackets(), opening)) return true;
   const char closing = ClosingBracket(opening);
   do {
     ShortStr element;

@@ -21,6 +21,15 @@ struct ParameterRun {
   }
 };
 
+// The brackets around index lists: "(" with ")", "[" with "]", "{" with "}".
+inline const CharSet &OpeningBrackets() {
+  static const CharSet brackets{'(', '[', '{'};
+  return brackets;
+}
+inline char ClosingBracket(char opening) {
+  return opening == '(' ? ')' : opening == '[' ? ']' : '}';
+}
+
 // Reads statements until the source ends.
 void ReadParameters(tvlmoptions &db, bool eol_only);
 

@@ -62,6 +62,10 @@ ShortStr ReplaceCharsInSet(std::string_view text, const CharSet &set, char repla
   return result;
 }
 
+ShortStr Quoted(std::string_view text) {
+  return ShortStr("\"") + text + "\"";
+}
+
 ShortStr PadRightText(std::string_view text, int32_t width) {
   ShortStr result(text);
   while (result.size() < width && result.size() < ShortStr::kMaxLength)

@@ -30,6 +30,9 @@ int32_t LastCharPos(char c, std::string_view text);
 int32_t FirstCharInSet(const CharSet &set, std::string_view text);
 ShortStr ReplaceCharsInSet(std::string_view text, const CharSet &set, char replacement);
 
+// The text between double quotes, as messages quote names and values.
+ShortStr Quoted(std::string_view text);
+
 ShortStr PadRightText(std::string_view text, int32_t width);
 ShortStr BlankText(int32_t n);
 // Removes blanks and control characters (bytes up to 32) from both ends.

@@ -81,6 +81,15 @@ size_t ConvertDecimal(std::string_view text, double &value) {
   return static_cast<size_t>(ptr - first);
 }
 
+// Where a number begins: behind leading blanks and an optional sign.
+size_t SkipBlanksAndSign(std::string_view text, bool &negative) {
+  size_t i = 0;
+  while (i < text.size() && text[i] == ' ')
+    ++i;
+  if (i < text.size() && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
+  return i;
+}
+
 ShortStr RightAligned(std::string_view text, int32_t width) {
   return BlankText(width - static_cast<int32_t>(text.size())) + text;
 }
@@ -89,11 +98,8 @@ ShortStr RightAligned(std::string_view text, int32_t width) {
 
 int32_t ValInteger(std::string_view text, int32_t &position) {
   const size_t n = text.size();
-  size_t i = 0;
-  while (i < n && text[i] == ' ')
-    ++i;
   bool negative = false;
-  if (i < n && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
+  size_t i = SkipBlanksAndSign(text, negative);
 
   int base = 10;
   size_t digits_start;
@@ -124,11 +130,8 @@ int32_t ValInteger(std::string_view text, int32_t &position) {
 
 void ValDouble(std::string_view text, double &value, int32_t &position) {
   const size_t n = text.size();
-  size_t i = 0;
-  while (i < n && text[i] == ' ')
-    ++i;
   bool negative = false;
-  if (i < n && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
+  size_t i = SkipBlanksAndSign(text, negative);
 
   size_t stop;  // index of the first byte not taken
   if (i < n && IsDigit(text[i])) {

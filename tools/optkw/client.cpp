@@ -1,5 +1,6 @@
 #include "client.h"
 
+#include <cstdio>
 #include <new>
 
 namespace optkw_tool {
@@ -7,6 +8,14 @@ namespace optkw_tool {
 Handle::Handle() {
   char message[OPTKW_STRBUF_SIZE];
   if (optCreate(&handle_, message, OPTKW_STRBUF_SIZE - 1) == 0) throw std::bad_alloc();
+}
+
+int ReadDefinitionNoted(optHandle_t h, const std::string &definition) {
+  const int read = coptReadDefinition(h, definition.c_str());
+  for (const Message &message : MessagesFrom(h, 1))
+    std::fprintf(stderr, "%s\n", message.text.c_str());
+  optClearMessages(h);
+  return read;
 }
 
 std::vector<Message> MessagesFrom(optHandle_t h, int first) {

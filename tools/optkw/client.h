@@ -32,4 +32,9 @@ struct Message {
 // Messages from number `first` on.
 std::vector<Message> MessagesFrom(optHandle_t h, int first);
 
+// Reads a definition for a command that reports on it: what the library said
+// about it goes to standard error, and the queue is emptied. Gives the
+// library's result (0, -1, or the error code of a file that can't be opened).
+int ReadDefinitionNoted(optHandle_t h, const std::string &definition);
+
 }  // namespace optkw_tool

@@ -233,11 +233,8 @@ std::string ExportMarkdown(const DefinitionModel &model) {
 int RunExport(const ExportRequest &request) {
   Handle handle;
   optHandle_t h = handle.get();
-  const int read = coptReadDefinition(h, request.definition.c_str());
-  for (const Message &message : MessagesFrom(h, 1))
-    std::fprintf(stderr, "%s\n", message.text.c_str());
+  const int read = ReadDefinitionNoted(h, request.definition);
   if (read > 0) return kUsageOrFile;
-  optClearMessages(h);
   const DefinitionModel model = DescribeDefinition(h, request.definition);
   const std::string text = request.format == "json" ? ExportJson(model) : ExportMarkdown(model);
   std::fwrite(text.data(), 1, text.size(), stdout);
