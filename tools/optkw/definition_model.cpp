@@ -57,11 +57,11 @@ std::vector<std::string> MoreHelp(optHandle_t h, const OptionInfo &option) {
 }
 
 // What the library says when `name` is used in parameter text, if it warns.
-std::optional<Deprecation> DeprecationOf(optHandle_t scratch, const std::string &name) {
-  const int first = optMessageCount(scratch) + 1;
-  coptReadFromStr(scratch, (name + " 0").c_str());
+std::optional<Deprecation> DeprecationOf(optHandle_t h, const std::string &name) {
+  const int first = optMessageCount(h) + 1;
+  coptReadFromStr(h, (name + " 0").c_str());
   std::optional<Deprecation> result;
-  for (const Message &message : MessagesFrom(scratch, first)) {
+  for (const Message &message : MessagesFrom(h, first)) {
     if (message.type != optMsgDeprecated) continue;
     // "*** Warning deprecated option \"name\"; text"
     const std::string &text = message.text;
@@ -72,7 +72,7 @@ std::optional<Deprecation> DeprecationOf(optHandle_t scratch, const std::string 
     result =
         Deprecation{text.substr(word, text.find(' ', word) - word), text.substr(separator + 2)};
   }
-  optClearMessages(scratch);
+  optClearMessages(h);
   return result;
 }
 
@@ -126,7 +126,7 @@ void DescribeValues(optHandle_t h, OptionInfo &option) {
 
 }  // namespace
 
-DefinitionModel DescribeDefinition(optHandle_t h, const std::string &definition) {
+DefinitionModel DescribeDefinition(optHandle_t h) {
   DefinitionModel model;
   std::string name = Buffer(), help = Buffer(), key = Buffer();
   coptDefinitionFile(h, name.data());
@@ -139,12 +139,6 @@ DefinitionModel DescribeDefinition(optHandle_t h, const std::string &definition)
     group.help = Trimmed(help);
     model.groups.push_back(group);
   }
-
-  // A second handle on the same definition takes the parameter statements
-  // that ask for the deprecation warnings.
-  Handle scratch;
-  coptReadDefinition(scratch.get(), definition.c_str());
-  optClearMessages(scratch.get());
 
   for (int nr = 1; nr <= optCount(h); ++nr) {
     OptionInfo option;
@@ -161,10 +155,6 @@ DefinitionModel DescribeDefinition(optHandle_t h, const std::string &definition)
     option.listed = option.help_context > 0 && option.group > 0;
     DescribeValues(h, option);
     option.more_help = MoreHelp(h, option);
-    // Immediates act when named, and dot options can't be named alone.
-    if (option.type != optTypeImmediate && option.key[0] != '.') {
-      option.deprecation = DeprecationOf(scratch.get(), option.name);
-    }
     model.options.push_back(option);
   }
 
@@ -173,9 +163,20 @@ DefinitionModel DescribeDefinition(optHandle_t h, const std::string &definition)
     coptGetSynonym(h, pos, synonym.data(), key.data());
     for (OptionInfo &option : model.options) {
       if (option.key != Trimmed(key)) continue;
-      option.synonyms.push_back({Trimmed(synonym), DeprecationOf(scratch.get(), Trimmed(synonym))});
+      option.synonyms.push_back({Trimmed(synonym), std::nullopt});
       break;
     }
+  }
+
+  // Last, the statements that ask for deprecation warnings: they set values,
+  // which have all been read by now. Immediates act when named, and dot
+  // options can't be named alone.
+  for (OptionInfo &option : model.options) {
+    if (option.type != optTypeImmediate && option.key[0] != '.') {
+      option.deprecation = DeprecationOf(h, option.name);
+    }
+    for (SynonymInfo &synonym : option.synonyms)
+      synonym.deprecation = DeprecationOf(h, synonym.name);
   }
   return model;
 }

@@ -59,8 +59,9 @@ struct DefinitionModel {
   std::vector<OptionInfo> options;
 };
 
-// Describes the definition that `h` has read from the file `definition`.
-DefinitionModel DescribeDefinition(optHandle_t h, const std::string &definition);
+// Describes the definition that `h` has read, which nothing has set values
+// in yet. Leaves values set in `h`.
+DefinitionModel DescribeDefinition(optHandle_t h);
 
 std::string ExportJson(const DefinitionModel &model);
 std::string ExportMarkdown(const DefinitionModel &model);

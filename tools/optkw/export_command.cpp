@@ -235,7 +235,7 @@ int RunExport(const ExportRequest &request) {
   optHandle_t h = handle.get();
   const int read = ReadDefinitionNoted(h, request.definition);
   if (read > 0) return kUsageOrFile;
-  const DefinitionModel model = DescribeDefinition(h, request.definition);
+  const DefinitionModel model = DescribeDefinition(h);
   const std::string text = request.format == "json" ? ExportJson(model) : ExportMarkdown(model);
   std::fwrite(text.data(), 1, text.size(), stdout);
   return read < 0 ? kErrors : kClean;
