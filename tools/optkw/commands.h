@@ -1,9 +1,8 @@
-// The commands of the optkw tool and the arguments they take.
+// The commands of the optkw tool. Each command file registers its subcommand
+// with the app: its arguments, flags and help, and what runs when it is chosen.
 #pragma once
 
-#include <optional>
-#include <string>
-#include <vector>
+#include <CLI/CLI.hpp>
 
 namespace optkw_tool {
 
@@ -11,37 +10,10 @@ namespace optkw_tool {
 // file that can't be opened.
 enum ExitStatus { kClean = 0, kErrors = 1, kUsageOrFile = 2 };
 
-struct Source {
-  enum class Kind { kFile, kString, kCommandLine };
-  Kind kind;
-  std::string text;  // the file name, or the parameter text itself
-};
-
-struct Settings {
-  bool echo = false;
-  bool no_bounds = false;
-  std::optional<int> eol_only;
-};
-
-struct CheckRequest {
-  std::string definition;
-  std::vector<Source> sources;
-  Settings settings;
-  std::optional<std::string> write_to;  // "-" for standard output
-};
-
-struct HelpRequest {
-  std::string definition;
-  std::string request;  // an option name or a listing mode; empty for the summary
-};
-
-struct ExportRequest {
-  std::string definition;
-  std::string format;  // "json" or "markdown"
-};
-
-int RunCheck(const CheckRequest &request);
-int RunHelp(const HelpRequest &request);
-int RunExport(const ExportRequest &request);
+// Each adds its subcommand to `app`; when the subcommand is chosen, its run
+// stores the exit status in `status`.
+void AddCheckCommand(CLI::App &app, int &status);
+void AddHelpCommand(CLI::App &app, int &status);
+void AddExportCommand(CLI::App &app, int &status);
 
 }  // namespace optkw_tool

@@ -230,6 +230,13 @@ std::string ExportMarkdown(const DefinitionModel &model) {
   return out;
 }
 
+namespace {
+
+struct ExportRequest {
+  std::string definition;
+  std::string format;  // "json" or "markdown"
+};
+
 int RunExport(const ExportRequest &request) {
   Handle handle;
   optHandle_t h = handle.get();
@@ -239,6 +246,22 @@ int RunExport(const ExportRequest &request) {
   const std::string text = request.format == "json" ? ExportJson(model) : ExportMarkdown(model);
   std::fwrite(text.data(), 1, text.size(), stdout);
   return read < 0 ? kErrors : kClean;
+}
+
+}  // namespace
+
+void AddExportCommand(CLI::App &app, int &status) {
+  auto request = std::make_shared<ExportRequest>();
+  CLI::App *command =
+      app.add_subcommand("export", "write a definition as a reference (JSON, Markdown)");
+  command->footer(
+      "Writes every option of the definition, with type, bounds, default, values, group, "
+      "synonyms and deprecation, as JSON or as a Markdown page.\n");
+  command->add_option("DEF", request->definition, "the option definition file")->required();
+  command->add_option("--format", request->format, "the output format")
+      ->required()
+      ->check(CLI::IsMember({"json", "markdown"}));
+  command->callback([request, &status] { status = RunExport(*request); });
 }
 
 }  // namespace optkw_tool
