@@ -1,0 +1,291 @@
+// The pieces of a whole help listing. The detail entry of each option is the
+// library's own, asked for by the option's name; the summary is written here by
+// the library's rules (label, padding, long labels on a line of their own,
+// lines cut at 255 bytes), and the tests compare it with the library's text on
+// every definition small enough for the library to list whole.
+#include "help_pieces.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <deque>
+#include <optional>
+
+namespace optkw_tool {
+namespace {
+
+constexpr size_t kLineLimit = 255;
+constexpr size_t kLabelWidth = 22;
+
+std::string Text(const std::string &buffer) {
+  return buffer.c_str();
+}
+
+// What a detail entry shows of an option, to tell whether an option read on
+// its own is the same as in the whole definition.
+std::string Fingerprint(optHandle_t h, int nr) {
+  int defined, recent, reference, data_type, type, subtype;
+  optGetInfoNr(h, nr, &defined, &recent, &reference, &data_type, &type, &subtype);
+  std::string key(OPTKW_STRBUF_SIZE, '\0'), text(OPTKW_STRBUF_SIZE, '\0');
+  coptGetHelpNr(h, nr, key.data(), text.data());
+  std::string print =
+      std::to_string(type) + "/" + std::to_string(subtype) + "/" + Text(key) + "/" + Text(text);
+  char number[128];
+  if (type == optTypeInteger) {
+    int lo, hi, def;
+    optGetBoundsInt(h, nr, &lo, &hi, &def);
+    std::snprintf(number, sizeof number, "/%d/%d/%d", lo, hi, def);
+    print += number;
+  } else if (type == optTypeDouble) {
+    double lo, hi, def;
+    optGetBoundsDbl(h, nr, &lo, &hi, &def);
+    std::snprintf(number, sizeof number, "/%a/%a/%a", lo, hi, def);
+    print += number;
+  } else if (type == optTypeString || type == optTypeEnumStr) {
+    coptGetDefaultStr(h, nr, text.data());
+    print += "/" + Text(text);
+  } else if (type == optTypeBoolean || type == optTypeEnumInt) {
+    int value = 0;
+    optGetIntNr(h, nr, &value);
+    print += "/" + std::to_string(value);
+  }
+  int count = 0;
+  if (optGetEnumCount(h, nr, &count) == 0) return print;
+  for (int k = 1; k <= count; ++k) {
+    int ival = 0, context = 0;
+    coptGetEnumValue(h, nr, k, &ival, text.data());
+    print += "/" + Text(text);
+    coptGetEnumHelp(h, nr, k, &context, text.data());
+    print += ":" + std::to_string(context) + ":" + Text(text);
+  }
+  return print;
+}
+
+bool HasContinuationLines(const std::string &type_word) {
+  for (const char *word : {"integer", "double", "boolean", "enumstr", "enumint"})
+    if (type_word == word) return true;
+  return false;
+}
+
+// The detail entry of `request` in `h`, or nothing if the library had no room.
+std::optional<std::vector<std::string>> LibraryEntry(optHandle_t h, const std::string &request) {
+  optClearMessages(h);
+  coptShowHelp(h, request.c_str());
+  std::vector<std::string> lines;
+  for (const Message &message : MessagesFrom(h, 1)) {
+    if (message.type != optMsgHelp) return std::nullopt;
+    lines.push_back(message.text);
+  }
+  optClearMessages(h);
+  if (lines.empty()) return std::nullopt;
+  return lines;
+}
+
+}  // namespace
+
+void HelpLineWriter::Write(const std::string &text) {
+  if (text.empty()) return Flush();
+  line_ += text;
+  if (line_.size() > kLineLimit) line_.resize(kLineLimit);
+}
+
+void HelpLineWriter::Flush() {
+  if (line_.empty()) return;
+  lines_.push_back(line_);
+  line_.clear();
+}
+
+HelpPieces::HelpPieces(optHandle_t h, const std::string &file, std::vector<SortedEntry> sorted)
+    : h_(h), file_(file), sorted_(std::move(sorted)) {
+  text_ = ReadDefinitionText(file);
+  if (text_) lookup_code_ = text_->lookup_code;
+  LoadFacts();
+  ResolveEntries();
+}
+
+void HelpPieces::LoadFacts() {
+  std::string name(OPTKW_STRBUF_SIZE, '\0'), key(OPTKW_STRBUF_SIZE, '\0'),
+      help(OPTKW_STRBUF_SIZE, '\0');
+  for (int nr = 1; nr <= optCount(h_); ++nr) {
+    OptionFacts facts;
+    coptGetNameNr(h_, nr, name.data());
+    coptGetHelpNr(h_, nr, key.data(), help.data());
+    facts.display = Text(name), facts.key = Text(key), facts.help = Text(help);
+    coptGetOptHelpNr(h_, nr, name.data(), &facts.help_context, &facts.group);
+    options_.push_back(facts);
+  }
+  for (int pos = 1; pos <= optSynonymCount(h_); ++pos) {
+    coptGetSynonym(h_, pos, name.data(), key.data());
+    synonyms_.push_back({Text(name), Text(key)});
+  }
+}
+
+// Which option each sorted name stands for. Options with the same name come in
+// the order of definition; a synonym stands for the target of the first
+// synonym of that name, as the library looks it up.
+void HelpPieces::ResolveEntries() {
+  std::map<std::string, std::deque<int>> listed;
+  std::map<std::string, int> first_of_key;
+  for (size_t k = 0; k < options_.size(); ++k) {
+    const OptionFacts &facts = options_[k];
+    first_of_key.emplace(facts.key, static_cast<int>(k) + 1);
+    if (facts.help_context > 0 && facts.group > 0)
+      listed[facts.key].push_back(static_cast<int>(k) + 1);
+  }
+  for (SortedEntry &entry : sorted_) {
+    if (!entry.synonym) {
+      std::deque<int> &numbers = listed[entry.key];
+      if (!numbers.empty()) entry.number = numbers.front(), numbers.pop_front();
+      continue;
+    }
+    for (const auto &[synonym, target] : synonyms_) {
+      if (!SameText(synonym, entry.key)) continue;
+      auto found = first_of_key.find(target);
+      if (found != first_of_key.end()) entry.number = found->second;
+      break;
+    }
+  }
+}
+
+// The marks of deprecated and obsolete options: what the library says when a
+// parameter names the option or one of its synonyms, asked on a handle of its
+// own, since that sets values.
+void HelpPieces::LoadMarks() {
+  marks_loaded_ = true;
+  Handle other;
+  coptReadDefinition(other.get(), file_.c_str());
+  optClearMessages(other.get());
+  const DefinitionModel model = DescribeDefinition(other.get());
+  for (const OptionInfo &option : model.options) {
+    std::vector<std::optional<Deprecation>> said{option.deprecation};
+    for (const SynonymInfo &synonym : option.synonyms)
+      said.push_back(synonym.deprecation);
+    for (const std::optional<Deprecation> &deprecation : said) {
+      if (!deprecation) continue;
+      options_[option.number - 1].mark =
+          deprecation->kind == "deprecated" ? " (Deprecated)" : " (Obsolete)";
+    }
+  }
+}
+
+std::string HelpPieces::Label(const SortedEntry &entry, bool marks) const {
+  std::string label = entry.key;
+  if (lookup_code_ == 2)
+    for (char &c : label)
+      if (c == '_') c = ' ';
+  const OptionFacts &option = options_[entry.number - 1];
+  if (entry.synonym) label += " (Synonym for " + option.display + ")";
+  if (marks) label += option.mark;
+  return label;
+}
+
+void HelpPieces::Summary(HelpLineWriter &writer, bool marks, std::vector<std::string> &problems) {
+  if (marks && !marks_loaded_) LoadMarks();
+  writer.Flush();
+  writer.BlankLine();
+  writer.Write("Options summary by group");
+  std::string name(OPTKW_STRBUF_SIZE, '\0'), help(OPTKW_STRBUF_SIZE, '\0');
+  for (int pos = 1; pos <= optGroupCount(h_); ++pos) {
+    int number = 0, context = 0;
+    coptGetGroupNr(h_, pos, name.data(), &number, &context, help.data());
+    if (context <= 0) continue;
+    writer.Flush();
+    writer.BlankLine();
+    writer.Write(Text(help));
+    writer.Flush();
+    for (const SortedEntry &entry : sorted_) {
+      if (entry.number < 1) {
+        if (pos == 1)
+          problems.push_back("no option found for the listed name \"" + entry.key + "\"");
+        continue;
+      }
+      const OptionFacts &option = options_[entry.number - 1];
+      if (option.group != number) continue;
+      const std::string label = Label(entry, marks);
+      writer.Write(label);
+      if (label.size() < kLabelWidth) {
+        writer.Write(std::string(kLabelWidth - label.size(), ' '));
+      } else if (label.size() > kLabelWidth) {
+        writer.Flush();
+        writer.Write(std::string(kLabelWidth, ' '));
+      }
+      writer.Write(": ");
+      writer.Write(option.help);
+      writer.Flush();
+    }
+  }
+}
+
+void HelpPieces::Alphabetical(HelpLineWriter &writer, std::vector<std::string> &problems) {
+  writer.Flush();
+  writer.BlankLine();
+  writer.Write("Options in alphabetical order");
+  writer.Flush();
+  writer.BlankLine();
+  for (const SortedEntry &entry : sorted_) {
+    if (entry.synonym) continue;
+    std::vector<std::string> lines;
+    if (entry.number < 1 || !DetailEntry(entry.number, lines)) {
+      problems.push_back("the entry of option \"" + entry.key + "\" couldn't be rendered");
+      continue;
+    }
+    for (const std::string &line : lines)
+      writer.Line(line);
+  }
+}
+
+// The library's entry of one option, asked for by the option's display name;
+// when that name leads elsewhere (another option comes first under the lookup
+// method, or a word is too short for it), the option is read on its own.
+bool HelpPieces::DetailEntry(int number, std::vector<std::string> &lines) {
+  const OptionFacts &option = options_[number - 1];
+  int found = -1, reference = -1;
+  coptFindStr(h_, option.key.c_str(), &found, &reference);
+  if (found == number) {
+    std::optional<std::vector<std::string>> entry = LibraryEntry(h_, option.display);
+    if (!entry) return false;
+    lines = *entry;
+    return true;
+  }
+  return DetailEntryAlone(number, lines);
+}
+
+// Reads the option's statement (and its continuation lines) into a handle of
+// its own, and takes the entry from there if the option came out the same.
+bool HelpPieces::DetailEntryAlone(int number, std::vector<std::string> &lines) {
+  const OptionFacts &option = options_[number - 1];
+  const std::optional<DefinitionText> &text = text_;
+  if (!text) return false;
+  int occurrence = 0;
+  for (int k = 1; k < number; ++k)
+    occurrence += options_[k - 1].key == option.key;
+  const Statement *statement = FindStatement(*text, option.key, occurrence);
+  if (!statement) return false;
+  std::string alone;
+  if (lookup_code_ == 2 && option.key.find('_') != std::string::npos) alone = "Minos lookup\n";
+  alone += text->lines[statement->line - 1].text + "\n";
+  if (HasContinuationLines(statement->type_word))
+    for (const TextLine &line : statement->continuation)
+      alone += line.text + "\n";
+
+  char path[] = "/tmp/optkw-entry-XXXXXX";
+  const int fd = mkstemp(path);
+  if (fd < 0) return false;
+  const bool written = write(fd, alone.data(), alone.size()) == static_cast<ssize_t>(alone.size());
+  close(fd);
+  Handle single;
+  if (written) coptReadDefinition(single.get(), path);
+  std::remove(path);
+  optClearMessages(single.get());
+  int found = -1, reference = -1;
+  coptFindStr(single.get(), option.key.c_str(), &found, &reference);
+  if (!written || found != 2 || Fingerprint(single.get(), 2) != Fingerprint(h_, number))
+    return false;
+  std::optional<std::vector<std::string>> entry = LibraryEntry(single.get(), option.display);
+  if (!entry) return false;
+  lines = *entry;
+  return true;
+}
+
+}  // namespace optkw_tool
