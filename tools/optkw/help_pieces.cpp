@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
@@ -82,6 +83,70 @@ std::optional<std::vector<std::string>> LibraryEntry(optHandle_t h, const std::s
   return lines;
 }
 
+int UpperAscii(char c) {
+  const int byte = static_cast<unsigned char>(c);
+  return byte >= 'a' && byte <= 'z' ? byte - 32 : byte;
+}
+
+// The library's order of names: the trailing digits of a name compare as a
+// number (a run too long for 32 bits as the largest), the rest as text without
+// regard to case.
+int CompareNatural(const std::string &a, const std::string &b) {
+  auto split = [](const std::string &key, std::string &stem) {
+    size_t start = key.size();
+    while (start > 0 && key[start - 1] >= '0' && key[start - 1] <= '9')
+      --start;
+    stem = key.substr(0, start);
+    const std::string digits = key.substr(start);
+    if (digits.empty()) return 0LL;
+    return digits.size() > 10 ? 2147483647LL : std::min(std::stoll(digits), 2147483647LL);
+  };
+  std::string stem_a, stem_b;
+  const long long number_a = split(a, stem_a), number_b = split(b, stem_b);
+  for (size_t k = 0; k < stem_a.size() && k < stem_b.size(); ++k) {
+    const int a_char = UpperAscii(stem_a[k]), b_char = UpperAscii(stem_b[k]);
+    if (a_char != b_char) return a_char - b_char;
+  }
+  if (stem_a.size() != stem_b.size())
+    return static_cast<int>(stem_a.size()) - static_cast<int>(stem_b.size());
+  return static_cast<int>(number_a - number_b);
+}
+
+// The library's sort, step for step, so that names that compare equal end up
+// in the order it leaves them in: a quicksort whose pivot is a position.
+void QuickSort(std::vector<SortedEntry> &entries, int lo, int hi) {
+  auto compare = [&](int i, int j) { return CompareNatural(entries[i].key, entries[j].key); };
+  for (;;) {
+    int p = (lo + hi) >> 1, i = lo, j = hi;
+    do {
+      while (compare(i, p) < 0)
+        ++i;
+      while (compare(j, p) > 0)
+        --j;
+      if (i <= j) {
+        std::swap(entries[i], entries[j]);
+        if (p == i) {
+          p = j;
+        } else if (p == j) {
+          p = i;
+        }
+        ++i;
+        --j;
+      }
+    } while (i <= j);
+    if (lo < j) QuickSort(entries, lo, j);
+    lo = i;
+    if (i >= hi) return;
+  }
+}
+
+bool SameNames(const std::vector<SortedEntry> &a, const std::vector<SortedEntry> &b) {
+  if (a.size() != b.size()) return false;
+  for (size_t k = 0; k < a.size(); ++k)
+    if (a[k].key != b[k].key || a[k].synonym != b[k].synonym) return false;
+  return true;
+}
+
 }  // namespace
 
 void HelpLineWriter::Write(const std::string &text) {
@@ -133,7 +198,9 @@ void HelpPieces::ResolveEntries() {
     if (facts.help_context > 0 && facts.group > 0)
       listed[facts.key].push_back(static_cast<int>(k) + 1);
   }
+  OrderOfEqualNames(first_of_key);
   for (SortedEntry &entry : sorted_) {
+    if (entry.number > 0) continue;
     if (!entry.synonym) {
       std::deque<int> &numbers = listed[entry.key];
       if (!numbers.empty()) entry.number = numbers.front(), numbers.pop_front();
@@ -146,6 +213,26 @@ void HelpPieces::ResolveEntries() {
       break;
     }
   }
+}
+
+// Options that share a name exactly come out of the library's sort in an
+// order that only the sort itself tells: repeat it, and take its numbers if it
+// gives the very names the library listed.
+void HelpPieces::OrderOfEqualNames(const std::map<std::string, int> &first_of_key) {
+  std::vector<SortedEntry> entries;
+  for (size_t k = 0; k < options_.size(); ++k)
+    if (options_[k].help_context > 0 && options_[k].group > 0)
+      entries.push_back({options_[k].key, false, static_cast<int>(k) + 1});
+  for (const auto &[synonym, target] : synonyms_) {
+    auto found = first_of_key.find(target);
+    if (found == first_of_key.end()) continue;
+    const OptionFacts &option = options_[found->second - 1];
+    if (option.help_context > 0 && option.group > 0) entries.push_back({synonym, true, 0});
+  }
+  if (entries.size() > 1) QuickSort(entries, 0, static_cast<int>(entries.size()) - 1);
+  if (!SameNames(entries, sorted_)) return;
+  for (size_t k = 0; k < entries.size(); ++k)
+    if (!entries[k].synonym) sorted_[k].number = entries[k].number;
 }
 
 // The marks of deprecated and obsolete options: what the library says when a

@@ -51,6 +51,7 @@ class HelpPieces {
   void LoadFacts();
   void LoadMarks();
   void ResolveEntries();
+  void OrderOfEqualNames(const std::map<std::string, int> &first_of_key);
   std::string Label(const SortedEntry &entry, bool marks) const;
   bool DetailEntry(int number, std::vector<std::string> &lines);
   bool DetailEntryAlone(int number, std::vector<std::string> &lines);
