@@ -254,6 +254,36 @@ void HelpPieces::LoadMarks() {
           deprecation->kind == "deprecated" ? " (Deprecated)" : " (Obsolete)";
     }
   }
+  LoadImmediateMarks();
+}
+
+// Parameter text never warns about an immediate option, so its marks come from
+// the deprecated and obsolete blocks of the text, whose lines name an option,
+// or else a synonym, by its whole name.
+void HelpPieces::LoadImmediateMarks() {
+  if (!text_) return;
+  auto first_named = [&](const std::string &word) {
+    for (size_t k = 0; k < options_.size(); ++k)
+      if (SameText(options_[k].key, word)) return static_cast<int>(k) + 1;
+    return 0;
+  };
+  std::map<int, bool> deprecated;  // immediate option -> deprecated (else obsolete)
+  for (const Statement &block : text_->statements) {
+    if (block.type_word != "deprecated" && block.type_word != "obsolete") continue;
+    for (const TextLine &line : block.continuation) {
+      const std::vector<std::string> words = Words(line.text);
+      if (words.empty()) continue;
+      int number = first_named(words[0]);
+      for (size_t k = 0; number == 0 && k < synonyms_.size(); ++k)
+        if (SameText(synonyms_[k].first, words[0])) number = first_named(synonyms_[k].second);
+      int defined, recent, reference, data_type, type = -1, subtype;
+      optGetInfoNr(h_, number, &defined, &recent, &reference, &data_type, &type, &subtype);
+      if (type != optTypeImmediate) continue;
+      deprecated[number] = deprecated[number] || block.type_word == "deprecated";
+    }
+  }
+  for (const auto &[number, is_deprecated] : deprecated)
+    options_[number - 1].mark = is_deprecated ? " (Deprecated)" : " (Obsolete)";
 }
 
 std::string HelpPieces::Label(const SortedEntry &entry, bool marks) const {

@@ -50,6 +50,7 @@ class HelpPieces {
   };
   void LoadFacts();
   void LoadMarks();
+  void LoadImmediateMarks();
   void ResolveEntries();
   void OrderOfEqualNames(const std::map<std::string, int> &first_of_key);
   std::string Label(const SortedEntry &entry, bool marks) const;
