@@ -53,6 +53,10 @@ bool SameText(const std::string &a, const std::string &b) {
   return Lower(a) == Lower(b);
 }
 
+std::string Quoted(const std::string &text) {
+  return "\"" + text + "\"";
+}
+
 std::vector<std::string> Words(const std::string &line) {
   std::vector<std::string> words;
   size_t at = 0;

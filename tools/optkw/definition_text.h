@@ -41,5 +41,6 @@ std::vector<std::string> Words(const std::string &line);
 
 std::string Lower(std::string text);
 bool SameText(const std::string &a, const std::string &b);
+std::string Quoted(const std::string &text);  // in double quotes, as messages show names
 
 }  // namespace optkw_tool

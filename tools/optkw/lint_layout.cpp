@@ -8,10 +8,6 @@
 namespace optkw_tool {
 namespace {
 
-std::string Quoted(const std::string &text) {
-  return "\"" + text + "\"";
-}
-
 bool GroupExists(const DefinitionModel &model, int number) {
   for (const GroupInfo &group : model.groups)
     if (group.number == number) return true;

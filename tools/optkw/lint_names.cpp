@@ -12,10 +12,6 @@ namespace {
 
 const char *const kMethodNames[] = {"Normal", "Path", "Minos"};
 
-std::string Quoted(const std::string &text) {
-  return "\"" + text + "\"";
-}
-
 int FindNumber(optHandle_t h, const std::string &name) {
   int number = -1, reference = -1;
   coptFindStr(h, name.c_str(), &number, &reference);

@@ -17,10 +17,6 @@ namespace {
 
 constexpr double kMaxDouble = 1.0e299;
 
-std::string Quoted(const std::string &text) {
-  return "\"" + text + "\"";
-}
-
 bool DecimalInteger(const std::string &token) {
   size_t at = token.size() > 0 && (token[0] == '+' || token[0] == '-') ? 1 : 0;
   if (at == token.size()) return false;
