@@ -53,6 +53,13 @@ bool SameText(const std::string &a, const std::string &b) {
   return Lower(a) == Lower(b);
 }
 
+bool TakesContinuationLines(const std::string &type_word) {
+  for (const char *word : {"integer", "double", "boolean", "enumstr", "enumint", "multilist",
+                           "macro", "deprecated", "obsolete"})
+    if (type_word == word) return true;
+  return false;
+}
+
 std::string Quoted(const std::string &text) {
   return "\"" + text + "\"";
 }
@@ -80,16 +87,19 @@ std::optional<DefinitionText> ReadDefinitionText(const std::string &file) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     text.lines.push_back({++number, line});
   }
+  // The reader stops at a line that can't start a statement where one is due;
+  // what follows it defines nothing.
   for (const TextLine &entry : text.lines) {
     if (Skipped(entry.text)) continue;
-    if (entry.text[0] == ' ') {
-      if (!text.statements.empty()) text.statements.back().continuation.push_back(entry);
+    if (entry.text[0] == ' ' && !text.statements.empty() &&
+        TakesContinuationLines(text.statements.back().type_word)) {
+      text.statements.back().continuation.push_back(entry);
       continue;
     }
-    if (std::optional<Statement> statement = StatementOf(entry)) {
-      text.lookup_code = LookupCodeOf(*statement, text.lookup_code);
-      text.statements.push_back(*statement);
-    }
+    std::optional<Statement> statement = StatementOf(entry);
+    if (!statement) break;
+    text.lookup_code = LookupCodeOf(*statement, text.lookup_code);
+    text.statements.push_back(*statement);
   }
   return text;
 }

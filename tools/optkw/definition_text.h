@@ -39,6 +39,9 @@ const Statement *FindStatement(const DefinitionText &text, const std::string &ke
 // The words of a line, split at blanks and tabs.
 std::vector<std::string> Words(const std::string &line);
 
+// Whether a statement of this type reads the indented lines below it.
+bool TakesContinuationLines(const std::string &type_word);
+
 std::string Lower(std::string text);
 bool SameText(const std::string &a, const std::string &b);
 std::string Quoted(const std::string &text);  // in double quotes, as messages show names

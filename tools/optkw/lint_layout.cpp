@@ -28,13 +28,6 @@ const Statement *StatementAbove(const DefinitionText &text, int number) {
   return above;
 }
 
-bool TakesContinuation(const std::string &type_word) {
-  for (const char *word : {"integer", "double", "boolean", "enumstr", "enumint", "multilist",
-                           "macro", "deprecated", "obsolete"})
-    if (type_word == word) return true;
-  return false;
-}
-
 // Why line `number` ended the read.
 std::string EarlyEndCause(const DefinitionText &text, int number) {
   if (number < 1 || number > static_cast<int>(text.lines.size())) return "";
@@ -43,7 +36,7 @@ std::string EarlyEndCause(const DefinitionText &text, int number) {
     return "the line begins with a tab: a continuation line needs a blank in column 1";
   if (!line.empty() && line[0] == ' ') {
     const Statement *above = StatementAbove(text, number);
-    if (above && !TakesContinuation(above->type_word))
+    if (above && !TakesContinuationLines(above->type_word))
       return "an indented line below a " + Quoted(above->type_word) + " statement (" + above->name +
              ", line " + std::to_string(above->line) + "), which takes no continuation lines";
     return "an indented line where a statement should begin";
