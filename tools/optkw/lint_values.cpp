@@ -4,6 +4,7 @@
 // survive conversion (an integer beyond 32 bits saturates, a double beyond
 // 1e299 exceeds "maxdouble"), and enumerated values that a parameter can't tell
 // apart.
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <optional>
@@ -17,19 +18,38 @@ namespace {
 
 constexpr double kMaxDouble = 1.0e299;
 
-bool DecimalInteger(const std::string &token) {
+// The value of an integer written in digits (decimal, or hexadecimal behind
+// "$" or "0x"), before the reader squeezes it into 32 bits; nothing for
+// keywords and for what the reader refuses, which it reports itself.
+std::optional<double> WrittenInteger(const std::string &token) {
   size_t at = token.size() > 0 && (token[0] == '+' || token[0] == '-') ? 1 : 0;
-  if (at == token.size()) return false;
-  for (; at < token.size(); ++at)
-    if (token[at] < '0' || token[at] > '9') return false;
-  return true;
+  int base = 10;
+  if (token.compare(at, 1, "$") == 0) {
+    base = 16, at += 1;
+  } else if (token.compare(at, 2, "0x") == 0 || token.compare(at, 2, "0X") == 0) {
+    base = 16, at += 2;
+  }
+  if (at == token.size()) return std::nullopt;
+  double value = 0;
+  for (; at < token.size(); ++at) {
+    const char c = static_cast<char>(std::tolower(static_cast<unsigned char>(token[at])));
+    const int digit = c >= '0' && c <= '9'                 ? c - '0'
+                      : base == 16 && c >= 'a' && c <= 'f' ? c - 'a' + 10
+                                                           : -1;
+    if (digit < 0) return std::nullopt;
+    value = value * base + digit;
+  }
+  return token[0] == '-' ? -value : value;
+}
+
+bool Fits32Bits(double value) {
+  return value >= -2147483648.0 && value <= 2147483647.0;
 }
 
 // What went wrong with an integer token, if anything.
 std::optional<std::string> IntegerProblem(const std::string &token, int stored) {
-  if (!DecimalInteger(token)) return std::nullopt;  // keywords and faults: the library's
-  const double value = std::strtod(token.c_str(), nullptr);
-  if (value >= -2147483648.0 && value <= 2147483647.0) return std::nullopt;
+  const std::optional<double> value = WrittenInteger(token);
+  if (!value || Fits32Bits(*value)) return std::nullopt;
   return Quoted(token) + " is beyond 32 bits and is stored as " + std::to_string(stored) +
          (stored > 0 ? " (maxint)" : " (minint)");
 }
@@ -86,9 +106,9 @@ void EnumIntFindings(const LintInput &input, const OptionInfo &option, Findings 
     if (!words.empty()) tokens.push_back({line.number, words[0]});
   }
   for (const auto &[line, token] : tokens) {
-    if (!DecimalInteger(token)) continue;
-    const double value = std::strtod(token.c_str(), nullptr);
-    if (value >= -2147483648.0 && value <= 2147483647.0) continue;
+    const std::optional<double> written = WrittenInteger(token);
+    if (!written || Fits32Bits(*written)) continue;
+    const double value = *written;
     findings.push_back({line, Severity::kWarning, "number-not-kept",
                         "a value of option " + Quoted(option.key) + ": " + Quoted(token) +
                             " is beyond 32 bits and is stored as " +
@@ -120,8 +140,25 @@ void CheckDefaultsAndBounds(const LintInput &input, Findings &findings) {
   }
 }
 
+// An enumerated default is checked without regard to case, and kept as written.
+void DefaultCaseFinding(const LintInput &input, const OptionInfo &option, Findings &findings) {
+  const std::string default_value = option.default_value.value_or("");
+  for (const EnumValue &value : option.values) {
+    if (value.value == default_value) return;
+    if (!SameText(value.value, default_value)) continue;
+    findings.push_back({OptionLine(input, option.number), Severity::kNote, "default-case",
+                        "the default " + Quoted(default_value) + " of option " +
+                            Quoted(option.key) + " is the value " + Quoted(value.value) +
+                            " only without regard to case; a client reading the default gets " +
+                            Quoted(default_value),
+                        option.key});
+    return;
+  }
+}
+
 void CheckEnumeratedValues(const LintInput &input, Findings &findings) {
   for (const OptionInfo &option : input.model.options) {
+    if (option.type == optTypeEnumStr) DefaultCaseFinding(input, option, findings);
     const std::vector<EnumValue> &values = option.values;
     for (size_t later = 1; later < values.size(); ++later) {
       for (size_t first = 0; first < later; ++first) {
