@@ -386,14 +386,16 @@ bool HelpPieces::DetailEntryAlone(int number, std::vector<std::string> &lines) {
     for (const TextLine &line : statement->continuation)
       alone += line.text + "\n";
 
-  char path[] = "/tmp/optkw-entry-XXXXXX";
-  const int fd = mkstemp(path);
+  const char *directory = std::getenv("TMPDIR");
+  std::string path =
+      std::string(directory && *directory ? directory : "/tmp") + "/optkw-entry-XXXXXX";
+  const int fd = mkstemp(path.data());
   if (fd < 0) return false;
   const bool written = write(fd, alone.data(), alone.size()) == static_cast<ssize_t>(alone.size());
   close(fd);
   Handle single;
-  if (written) coptReadDefinition(single.get(), path);
-  std::remove(path);
+  if (written) coptReadDefinition(single.get(), path.c_str());
+  std::remove(path.c_str());
   optClearMessages(single.get());
   int found = -1, reference = -1;
   coptFindStr(single.get(), option.key.c_str(), &found, &reference);
