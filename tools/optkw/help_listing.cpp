@@ -9,7 +9,6 @@
 #include <optional>
 #include <sstream>
 
-#include "definition_model.h"
 #include "help_pieces.h"
 
 namespace optkw_tool {

@@ -235,50 +235,46 @@ void HelpPieces::OrderOfEqualNames(const std::map<std::string, int> &first_of_ke
     if (!entries[k].synonym) sorted_[k].number = entries[k].number;
 }
 
-// The marks of deprecated and obsolete options: what the library says when a
-// parameter names the option or one of its synonyms, asked on a handle of its
-// own, since that sets values.
+// The marks of deprecated and obsolete options. Parameter text warns about
+// neither immediate options nor names that the lookup leads elsewhere, so the
+// marks come from the deprecated and obsolete blocks of the text, read as the
+// reader reads them: a line names an option by its whole name, or else a
+// synonym, among those defined above it.
 void HelpPieces::LoadMarks() {
   marks_loaded_ = true;
-  Handle other;
-  coptReadDefinition(other.get(), file_.c_str());
-  optClearMessages(other.get());
-  const DefinitionModel model = DescribeDefinition(other.get());
-  for (const OptionInfo &option : model.options) {
-    std::vector<std::optional<Deprecation>> said{option.deprecation};
-    for (const SynonymInfo &synonym : option.synonyms)
-      said.push_back(synonym.deprecation);
-    for (const std::optional<Deprecation> &deprecation : said) {
-      if (!deprecation) continue;
-      options_[option.number - 1].mark =
-          deprecation->kind == "deprecated" ? " (Deprecated)" : " (Obsolete)";
-    }
-  }
-  LoadImmediateMarks();
-}
-
-// Parameter text never warns about an immediate option, so its marks come from
-// the deprecated and obsolete blocks of the text, whose lines name an option,
-// or else a synonym, by its whole name.
-void HelpPieces::LoadImmediateMarks() {
   if (!text_) return;
-  auto first_named = [&](const std::string &word) {
+  std::vector<int> option_lines(options_.size(), 0);  // the built-in Help stands before all
+  for (size_t k = 1; k < options_.size(); ++k) {
+    int occurrence = 0;
+    for (size_t j = 0; j < k; ++j)
+      occurrence += options_[j].key == options_[k].key;
+    const Statement *statement = FindStatement(*text_, options_[k].key, occurrence);
+    option_lines[k] = statement ? statement->line : 0;
+  }
+  std::vector<int> synonym_lines;
+  for (const Statement &statement : text_->statements)
+    if (statement.type_word == "synonym") synonym_lines.push_back(statement.line);
+  auto option_named = [&](const std::string &word, int line) {
     for (size_t k = 0; k < options_.size(); ++k)
-      if (SameText(options_[k].key, word)) return static_cast<int>(k) + 1;
+      if (option_lines[k] < line && SameText(options_[k].key, word)) return static_cast<int>(k) + 1;
     return 0;
   };
-  std::map<int, bool> deprecated;  // immediate option -> deprecated (else obsolete)
+  std::map<int, bool> deprecated;  // option -> deprecated (else obsolete)
   for (const Statement &block : text_->statements) {
     if (block.type_word != "deprecated" && block.type_word != "obsolete") continue;
     for (const TextLine &line : block.continuation) {
       const std::vector<std::string> words = Words(line.text);
       if (words.empty()) continue;
-      int number = first_named(words[0]);
-      for (size_t k = 0; number == 0 && k < synonyms_.size(); ++k)
-        if (SameText(synonyms_[k].first, words[0])) number = first_named(synonyms_[k].second);
-      int defined, recent, reference, data_type, type = -1, subtype;
-      optGetInfoNr(h_, number, &defined, &recent, &reference, &data_type, &type, &subtype);
-      if (type != optTypeImmediate) continue;
+      int number = option_named(words[0], line.number);
+      for (size_t k = 0; number == 0 && k < synonyms_.size() && k < synonym_lines.size() &&
+                         synonym_lines[k] < line.number;
+           ++k) {
+        if (!SameText(synonyms_[k].first, words[0])) continue;
+        for (size_t j = 0; j < options_.size() && number == 0; ++j)
+          if (options_[j].key == synonyms_[k].second) number = static_cast<int>(j) + 1;
+        break;
+      }
+      if (number < 1) continue;
       deprecated[number] = deprecated[number] || block.type_word == "deprecated";
     }
   }

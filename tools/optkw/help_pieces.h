@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "client.h"
-#include "definition_model.h"
 #include "definition_text.h"
 
 namespace optkw_tool {
@@ -50,7 +49,6 @@ class HelpPieces {
   };
   void LoadFacts();
   void LoadMarks();
-  void LoadImmediateMarks();
   void ResolveEntries();
   void OrderOfEqualNames(const std::map<std::string, int> &first_of_key);
   std::string Label(const SortedEntry &entry, bool marks) const;
