@@ -2,11 +2,9 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <map>
-#include <optional>
 #include <sstream>
 
 #include "help_pieces.h"

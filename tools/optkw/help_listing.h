@@ -25,8 +25,8 @@ struct Listing {
 Listing RenderListing(optHandle_t h, const std::string &file, const std::string &request,
                       bool piecewise);
 
-// The listing mode that the library takes from `request`, or 0 if the request
-// isn't a number (then the library looks it up as a name).
+// Whether the library takes `request` as a listing mode, and which; otherwise
+// the library looks the request up as a name.
 bool ListingMode(const std::string &request, int &mode);
 
 }  // namespace optkw_tool
