@@ -4,6 +4,7 @@
 #   -DSTDOUT=file          standard output must equal this file
 #   -DREADME=file          standard output must equal the README's main-job output
 #   -DSTDERR_HAS=text      standard error must contain this text
+#   -DSTDOUT_HAS=text      standard output must contain this text
 string(REPLACE "|" ";" args "${ARGS}")
 execute_process(COMMAND ${TOOL} ${args}
   WORKING_DIRECTORY ${WORKDIR}
@@ -28,5 +29,11 @@ if(DEFINED STDERR_HAS)
   string(FIND "${err}" "${STDERR_HAS}" at)
   if(at EQUAL -1)
     message(FATAL_ERROR "standard error lacks \"${STDERR_HAS}\":\n${err}")
+  endif()
+endif()
+if(DEFINED STDOUT_HAS)
+  string(FIND "${out}" "${STDOUT_HAS}" at)
+  if(at EQUAL -1)
+    message(FATAL_ERROR "standard output lacks \"${STDOUT_HAS}\":\n${out}")
   endif()
 endif()
