@@ -4,6 +4,7 @@
 #   -DSTDOUT=file          standard output must equal this file
 #   -DREADME=file          standard output must equal the README's main-job output
 #   -DSTDERR_HAS=text      standard error must contain this text
+#   -DSTDOUT_HAS=a|b       standard output must contain each of these texts
 string(REPLACE "|" ";" args "${ARGS}")
 execute_process(COMMAND ${TOOL} ${args}
   WORKING_DIRECTORY ${WORKDIR}
@@ -29,4 +30,13 @@ if(DEFINED STDERR_HAS)
   if(at EQUAL -1)
     message(FATAL_ERROR "standard error lacks \"${STDERR_HAS}\":\n${err}")
   endif()
+endif()
+if(DEFINED STDOUT_HAS)
+  string(REPLACE "|" ";" wanted "${STDOUT_HAS}")
+  foreach(text IN LISTS wanted)
+    string(FIND "${out}" "${text}" at)
+    if(at EQUAL -1)
+      message(FATAL_ERROR "standard output lacks \"${text}\":\n${out}")
+    endif()
+  endforeach()
 endif()

@@ -136,7 +136,11 @@ std::vector<Diagnostic> Locate(const std::vector<Message> &messages, const std::
     if (HasLinePrefix(message.type)) {
       std::string_view text = Undecorated(message.text, message.type);
       d.line = TakeLine(text);
-      d.follow_up = text.substr(0, 3) == "   ";
+      // The reason of a failed open is a second line of the same fault.
+      d.follow_up = text.substr(0, 3) == "   " ||
+                    (text.substr(0, 13) == "Error code = " && !located.empty() &&
+                     BareText(located.back().text, located.back().type)
+                             .rfind("Cannot open parameter file", 0) == 0);
       if (!d.follow_up) statement_option = NamedOption(text);
       d.option = statement_option;
     }

@@ -7,7 +7,7 @@
 namespace optkw_tool {
 namespace {
 
-using nlohmann::json;
+using json = nlohmann::ordered_json;
 
 json Record(const Diagnostic &d) {
   json record = {{"severity", SeverityName(SeverityOf(d.type))},
@@ -61,7 +61,7 @@ std::string JsonReport(const CheckReport &report) {
     options.push_back({{"name", option.name}, {"value", option.value}});
   json out = {{"definition", report.definition},
               {"messages", messages},
-              {"hints", hints},
+              {"file_hints", hints},
               {"notes", notes},
               {"write_warnings", report.write_warnings},
               {"options_set", options},

@@ -10,7 +10,7 @@
 namespace optkw_tool {
 namespace {
 
-using nlohmann::json;
+using json = nlohmann::ordered_json;
 
 // The kind of a message: its words before the first quote or number, so that
 // "Unknown option \"x\"" is of the kind "unknown-option".
