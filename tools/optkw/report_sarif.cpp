@@ -62,7 +62,7 @@ class SarifBuilder {
   void Add(const std::string &kind, const char *level, const std::string &text,
            const std::string &file, int line, json properties) {
     json result = {{"ruleId", kind},
-                   {"ruleIndex", RuleIndex(kind, text)},
+                   {"ruleIndex", RuleIndex(kind)},
                    {"level", level},
                    {"message", {{"text", text}}}};
     if (!file.empty()) {
@@ -83,10 +83,17 @@ class SarifBuilder {
   }
 
  private:
-  int RuleIndex(const std::string &kind, const std::string &example) {
+  int RuleIndex(const std::string &kind) {
     auto [at, added] = rule_index_.emplace(kind, static_cast<int>(rules_.size()));
-    if (added) rules_.push_back({{"id", kind}, {"shortDescription", {{"text", example}}}});
+    if (added) rules_.push_back({{"id", kind}, {"shortDescription", {{"text", Described(kind)}}}});
     return at->second;
+  }
+  // "unknown-option" reads "Unknown option".
+  static std::string Described(std::string kind) {
+    for (char &c : kind)
+      c = c == '-' ? ' ' : c;
+    kind[0] = static_cast<char>(std::toupper(kind[0]));
+    return kind;
   }
   json rules_ = json::array(), results_ = json::array();
   std::map<std::string, int> rule_index_;
