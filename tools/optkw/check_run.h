@@ -4,7 +4,6 @@
 // file can't hide the mistakes of the next.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>

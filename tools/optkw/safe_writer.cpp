@@ -57,7 +57,8 @@ std::string Cause(const std::string &written, const std::string &read, int type)
     size_t at = read.size();
     while (at < written.size() && written[at] == ' ')
       ++at;
-    if (at < written.size())
+    // Comment characters are marks, never letters or digits.
+    if (at < written.size() && std::ispunct(static_cast<unsigned char>(written[at])))
       return std::string("it holds the comment character \"") + written[at] + "\"";
   }
   if (written.find('"') != std::string::npos) return "it holds a double quote";
@@ -65,7 +66,7 @@ std::string Cause(const std::string &written, const std::string &read, int type)
                            std::isspace(static_cast<unsigned char>(written.back()))))
     return "it begins or ends with a blank";
   if (type == optTypeDouble && (written == read || SignificantDigits(written) > 15))
-    return "it has more than 15 significant digits";
+    return "the number has more significant digits than the 15 written";
   return "it reads back as \"" + read + "\"";
 }
 
