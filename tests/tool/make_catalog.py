@@ -1,5 +1,6 @@
 """Writes a catalog definition of many options and a parameter file whose
-first line asks for the whole help listing, which fills the message queue.
+first line asks for the whole help listing, which fills the message queue;
+and a long parameter file whose echo lines fill it.
 
 usage: make_catalog.py DIR [COUNT]
 """
@@ -16,3 +17,4 @@ for k in range(1, count + 1):
 (directory / "catalog.opt").write_text(
     "help\noption_00001 5\noption_0002 7\noption_00003 500\noption_00004 50\n")
 (directory / "catalog-next.opt").write_text("option_00005 1000\n")
+(directory / "echoed.opt").write_text("option_00001 1\n" * 5100 + "option_0001 2\n")

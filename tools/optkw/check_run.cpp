@@ -69,9 +69,13 @@ void AddLeadingBytesHints(SourceRun &run) {
 }
 
 std::optional<Overflow> FindOverflow(const SourceRun &run) {
+  // Echo lines bypass the limit; once they have filled the queue past it,
+  // other messages vanish without the limit's message.
+  constexpr size_t kLimit = 5000;
   std::string after;
-  for (const Diagnostic &d : run.diagnostics) {
-    if (d.type == optMsgTooManyMsgs) return Overflow{d.source, after};
+  for (size_t k = 0; k < run.diagnostics.size(); ++k) {
+    const Diagnostic &d = run.diagnostics[k];
+    if (d.type == optMsgTooManyMsgs || k > kLimit) return Overflow{d.source, after};
     if (d.line > 0) after = d.source + ":" + std::to_string(d.line);
   }
   return std::nullopt;
