@@ -1,5 +1,6 @@
 #include "diagnostics.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -128,10 +129,11 @@ std::vector<Diagnostic> Locate(const std::vector<Message> &messages, const std::
       const std::string name = BracketName(message.text);
       d.source = name;
       d.from_file = IsFileSource(name);
-      // A queue that dropped messages may have lost the matching enter.
-      while (!open_sources.empty() && open_sources.back() != name)
-        open_sources.pop_back();
-      if (!open_sources.empty()) open_sources.pop_back();
+      // A full queue may have dropped the matching enter; then the files
+      // open stay open.
+      const auto open = std::find(open_sources.rbegin(), open_sources.rend(), name);
+      if (open != open_sources.rend())
+        open_sources.erase(std::next(open).base(), open_sources.end());
     }
     if (HasLinePrefix(message.type)) {
       std::string_view text = Undecorated(message.text, message.type);
