@@ -62,14 +62,20 @@ bool WantsHints(const std::vector<SourceRun> &runs) {
   return false;
 }
 
-void AddAllHints(CheckReport &report) {
-  if (!WantsHints(report.runs)) return;
+DefinitionModel ModelOf(const std::string &definition) {
   Handle described;
-  coptReadDefinition(described.get(), report.definition.c_str());
+  coptReadDefinition(described.get(), definition.c_str());
   optClearMessages(described.get());
-  const DefinitionModel model = DescribeDefinition(described.get());
+  return DescribeDefinition(described.get());
+}
+
+void AddAllHints(CheckReport &report) {
+  const bool unknown_name = report.explain_name && !report.explained;
+  if (!WantsHints(report.runs) && !unknown_name) return;
+  const DefinitionModel model = ModelOf(report.definition);
   for (SourceRun &run : report.runs)
     AddHints(run.diagnostics, model);
+  if (unknown_name) report.explain_hint = NameHint(*report.explain_name, model);
 }
 
 class CheckRunner {
@@ -87,8 +93,8 @@ class CheckRunner {
         all_opened = ReadOne(source) && all_opened;
     }
     if (all_opened && request_.write_to) all_opened = Write();
-    AddAllHints(report_);
     Conclude();
+    AddAllHints(report_);
     Print();
     if (!all_opened) return kUsageOrFile;
     if (request_.explain && !report_.explained) return kUsageOrFile;

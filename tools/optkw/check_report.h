@@ -32,6 +32,7 @@ struct CheckReport {
   std::vector<OptionSet> options_set;
   std::optional<std::string> explain_name;
   std::optional<OptionReport> explained;  // empty when the name isn't an option
+  std::string explain_hint;               // then perhaps the name meant
   std::optional<std::vector<OptionReport>> changed;
   Summary summary;
 };

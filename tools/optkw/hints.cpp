@@ -111,6 +111,10 @@ std::optional<std::string> ClosestCandidate(const std::string &typed,
   return best;
 }
 
+std::string NameHint(const std::string &name, const DefinitionModel &model) {
+  return DidYouMean(ClosestCandidate(name, NameCandidates(model)));
+}
+
 void AddHints(std::vector<Diagnostic> &diagnostics, const DefinitionModel &model) {
   const std::vector<std::string> names = NameCandidates(model);
   for (Diagnostic &d : diagnostics) {

@@ -17,6 +17,9 @@ namespace optkw_tool {
 std::optional<std::string> ClosestCandidate(const std::string &typed,
                                             const std::vector<std::string> &candidates);
 
+// "did you mean ...?" for a name that is no option, or nothing.
+std::string NameHint(const std::string &name, const DefinitionModel &model);
+
 // Fills the hint of each "Unknown option" and "Unknown value" message.
 void AddHints(std::vector<Diagnostic> &diagnostics, const DefinitionModel &model);
 

@@ -67,7 +67,10 @@ std::string JsonReport(const CheckReport &report) {
               {"options_set", options},
               {"summary", SummaryRecord(report.summary)}};
   if (report.explain_name)
-    out["explain"] = report.explained ? OptionRecord(*report.explained) : json(nullptr);
+    out["explain"] = report.explained ? OptionRecord(*report.explained)
+                                      : json{{"name", *report.explain_name},
+                                             {"unknown", true},
+                                             {"hint", report.explain_hint}};
   if (report.changed) {
     out["changed"] = json::array();
     for (const OptionReport &option : *report.changed)

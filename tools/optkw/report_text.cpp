@@ -55,6 +55,7 @@ void PrintExplained(const CheckReport &report, std::FILE *out) {
   if (!report.explained) {
     std::fprintf(out, "\"%s\" is no option of %s\n", report.explain_name->c_str(),
                  report.definition.c_str());
+    if (!report.explain_hint.empty()) std::fprintf(out, "hint: %s\n", report.explain_hint.c_str());
     return;
   }
   const OptionReport &option = *report.explained;
