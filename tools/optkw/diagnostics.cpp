@@ -59,9 +59,10 @@ std::string BracketName(const std::string &text) {
   return name;
 }
 
-// The option a message names: `option "X"`, `key "X"`, `multilist "X"`.
+// The option a message names: `option "X"`, `key "X"`, `multilist "X"`,
+// `synonym "X"` (the name as the user wrote it).
 std::string NamedOption(std::string_view text) {
-  for (std::string_view marker : {"option \"", "key \"", "multilist \""}) {
+  for (std::string_view marker : {"option \"", "key \"", "multilist \"", "synonym \""}) {
     const size_t at = text.find(marker);
     if (at == std::string_view::npos) continue;
     const size_t start = at + marker.size();
