@@ -131,7 +131,8 @@ class CheckRunner {
   void NoteOrigins(const Source &source, const std::vector<int> &set) {
     if (set.empty()) return;
     std::map<int, Origin> lines;
-    if (source.kind == Source::Kind::kFile) lines = AttributeLines(source.text, Preparer(true));
+    if (source.kind == Source::Kind::kFile)
+      lines = AttributeLines(source.text, set, Preparer(true));
     for (int nr : set) {
       const auto line = lines.find(nr);
       origins_[nr] = line == lines.end() ? Origin{source.Label(), 0} : line->second;

@@ -32,43 +32,52 @@ std::string ReadLine(optHandle_t h, const std::string &line) {
   return nested;
 }
 
+void Note(optHandle_t h, int nr, OptionState &state) {
+  int ref, data_type, type, subtype;
+  optGetInfoNr(h, nr, &state.defined, &state.defined_recent, &ref, &data_type, &type, &subtype);
+  if (type == optTypeStrList) {
+    char name[OPTKW_STRBUF_SIZE], key[OPTKW_STRBUF_SIZE];
+    coptGetHelpNr(h, nr, key, name);
+    state.entries = coptListCountStr(h, key);
+  } else {
+    state.first = Text(coptgetstrnr, h, nr);
+    if (subtype == optsub2Values) state.second = Text(coptgetstr2nr, h, nr);
+  }
+}
+
+bool SameState(const OptionState &a, const OptionState &b) {
+  return a.defined == b.defined && a.defined_recent == b.defined_recent && a.first == b.first &&
+         a.second == b.second && a.entries == b.entries;
+}
+
 }  // namespace
 
-Snapshot TakeSnapshot(optHandle_t h) {
-  Snapshot snapshot(optCount(h));
-  for (int nr = 1; nr <= optCount(h); ++nr) {
-    OptionState &state = snapshot[nr - 1];
-    int ref, data_type, type, subtype;
-    optGetInfoNr(h, nr, &state.defined, &state.defined_recent, &ref, &data_type, &type, &subtype);
-    if (type == optTypeStrList) {
-      char name[OPTKW_STRBUF_SIZE], key[OPTKW_STRBUF_SIZE];
-      coptGetHelpNr(h, nr, key, name);
-      state.entries = coptListCountStr(h, key);
-    } else {
-      state.first = Text(coptgetstrnr, h, nr);
-      if (subtype == optsub2Values) state.second = Text(coptgetstr2nr, h, nr);
-    }
+Snapshot TakeSnapshot(optHandle_t h, const std::vector<int> *only) {
+  Snapshot snapshot;
+  snapshot.count = optCount(h);
+  if (only == nullptr) {
+    for (int nr = 1; nr <= snapshot.count; ++nr)
+      Note(h, nr, snapshot.by_number[nr]);
+  } else {
+    for (int nr : *only)
+      if (nr <= snapshot.count) Note(h, nr, snapshot.by_number[nr]);
   }
   return snapshot;
 }
 
 std::vector<int> SetBetween(const Snapshot &before, const Snapshot &after) {
   std::vector<int> set;
-  for (size_t k = 0; k < after.size(); ++k) {
-    if (k >= before.size()) {
-      set.push_back(static_cast<int>(k) + 1);
-      continue;
-    }
-    const OptionState &a = before[k], &b = after[k];
-    if (a.defined != b.defined || a.defined_recent != b.defined_recent || a.first != b.first ||
-        a.second != b.second || a.entries != b.entries) {
-      set.push_back(static_cast<int>(k) + 1);
+  for (const auto &[nr, state] : after.by_number) {
+    const auto earlier = before.by_number.find(nr);
+    if (nr > before.count || earlier == before.by_number.end() ||
+        !SameState(earlier->second, state)) {
+      set.push_back(nr);
     }
   }
   return set;
 }
 
-std::map<int, Origin> AttributeLines(const std::string &file,
+std::map<int, Origin> AttributeLines(const std::string &file, const std::vector<int> &wanted,
                                      const std::function<void(optHandle_t)> &prepare, int depth) {
   std::map<int, Origin> origins;
   Handle shadow;
@@ -80,12 +89,12 @@ std::map<int, Origin> AttributeLines(const std::string &file,
     if (!line.empty() && line.back() == '\r') line.pop_back();
     // The file reader passes over empty lines and comment lines.
     if (line.empty() || line[0] == '*') continue;
-    const Snapshot before = TakeSnapshot(shadow.get());
+    const Snapshot before = TakeSnapshot(shadow.get(), &wanted);
     const std::string nested = ReadLine(shadow.get(), line);
-    const std::vector<int> set = SetBetween(before, TakeSnapshot(shadow.get()));
+    const std::vector<int> set = SetBetween(before, TakeSnapshot(shadow.get(), &wanted));
     std::map<int, Origin> inner;
     if (!nested.empty() && !set.empty() && depth < kMaxNesting)
-      inner = AttributeLines(nested, prepare, depth + 1);
+      inner = AttributeLines(nested, set, prepare, depth + 1);
     for (int nr : set) {
       const auto found = inner.find(nr);
       origins[nr] = found != inner.end() ? found->second : Origin{file, number};

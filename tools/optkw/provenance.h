@@ -19,12 +19,17 @@ struct OptionState {
   std::string first, second;
   int entries = 0;
 };
-using Snapshot = std::vector<OptionState>;  // by option number - 1
+struct Snapshot {
+  int count = 0;                         // options in the handle
+  std::map<int, OptionState> by_number;  // those noted
+};
 
-Snapshot TakeSnapshot(optHandle_t h);
+// Notes every option, or only those of `only` when it is given (a long file
+// of a catalog of thousands of options is read line by line).
+Snapshot TakeSnapshot(optHandle_t h, const std::vector<int> *only = nullptr);
 
-// The numbers of the options whose state differs; options that `after` has
-// and `before` hasn't (string lists made by "--" keys) count as set.
+// The numbers of the noted options whose state differs; options that `after`
+// has and `before` hasn't (string lists made by "--" keys) count as set.
 std::vector<int> SetBetween(const Snapshot &before, const Snapshot &after);
 
 struct Origin {
@@ -38,7 +43,8 @@ struct Origin {
 // reads a further file (an immediate ReadFile option) hands its options to
 // the lines of that file. Each line is a source of its own there, so an
 // EolFlag statement acts on its own line only.
-std::map<int, Origin> AttributeLines(const std::string &file,
+// Only the options of `wanted` are followed.
+std::map<int, Origin> AttributeLines(const std::string &file, const std::vector<int> &wanted,
                                      const std::function<void(optHandle_t)> &prepare,
                                      int depth = 0);
 
