@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "api/boundary.h"
 #include "api/c_strings.h"
 #include "api/interface_table.h"
 #include "api/library_frame.h"
@@ -68,14 +69,25 @@
   call;                                 \
   return result;
 
-// One exported function under its two names.
+// The buffer of a text result, for the failure value at the boundary.
+#define OPTKW_TEXTRES_OPTKW_VOID nullptr
+#define OPTKW_TEXTRES_OPTKW_INT nullptr
+#define OPTKW_TEXTRES_OPTKW_DOUBLE nullptr
+#define OPTKW_TEXTRES_OPTKW_BOOL nullptr
+#define OPTKW_TEXTRES_OPTKW_SHORTSTR result
+
+// One exported function under its two names. Its whole body runs inside the
+// boundary guard, so that nothing it throws reaches the client.
 #define OPTKW_DEFINE(symbol, Name, R, ARGS, form) OPTKW_DEFINE_I(symbol, Name, R, ARGS, form)
-#define OPTKW_DEFINE_I(symbol, Name, R, ARGS, form)                                          \
-  extern "C" OPTKW_EXPORT OPTKW_RTYPE_##R symbol OPTKW_PARAMS(R, ARGS) {                     \
-    using Form [[maybe_unused]] = form;                                                      \
-    OPTKW_BODY_##R(optkw::api::Invoke(&optkw::Name, h OPTKW_EACH(arg, ARGS) OPTKW_RARG_##R)) \
-  }                                                                                          \
-  extern "C" OPTKW_EXPORT OPTKW_RTYPE_##R symbol##_ OPTKW_PARAMS(R, ARGS)                    \
+#define OPTKW_DEFINE_I(symbol, Name, R, ARGS, form)                                            \
+  extern "C" OPTKW_EXPORT OPTKW_RTYPE_##R symbol OPTKW_PARAMS(R, ARGS) {                       \
+    using Form [[maybe_unused]] = form;                                                        \
+    return optkw::api::Guarded<OPTKW_RTYPE_##R>(                                               \
+        h, #Name, OPTKW_TEXTRES_##R,                                                           \
+        [&]() -> OPTKW_RTYPE_##R{OPTKW_BODY_##R(                                               \
+                  optkw::api::Invoke(&optkw::Name, h OPTKW_EACH(arg, ARGS) OPTKW_RARG_##R))}); \
+  }                                                                                            \
+  extern "C" OPTKW_EXPORT OPTKW_RTYPE_##R symbol##_ OPTKW_PARAMS(R, ARGS)                      \
       __attribute__((alias(#symbol)));
 
 #define OPTKW_DEFINE_CFORM_OPTKW_CFORM(Name, lower, R, ARGS) \
@@ -95,19 +107,21 @@
   extern "C" OPTKW_EXPORT R name params __attribute__((alias(#target)));
 
 extern "C" OPTKW_EXPORT void xcreate(optHandle_t *h) {
-  *h = optkw::CreateHandle();
+  // Out of memory here leaves no handle stored, and nowhere to tell of it.
+  optkw::api::Guarded<void>(nullptr, "xcreate", nullptr, [&] { *h = optkw::CreateHandle(); });
 }
 OPTKW_ALIAS(void, xcreate_, xcreate, (optHandle_t * h))
 OPTKW_ALIAS(void, optxcreate, xcreate, (optHandle_t * h))
 OPTKW_ALIAS(void, optxcreate_, xcreate, (optHandle_t * h))
 
 extern "C" OPTKW_EXPORT int optcreate(optHandle_t *h, char *msgBuf, int msgBufLen) {
-  *h = optkw::CreateHandle();
+  *h = optkw::api::Guarded<void *>(nullptr, "optCreate", nullptr,
+                                   [] { return static_cast<void *>(optkw::CreateHandle()); });
   if (*h != nullptr) {
     msgBuf[0] = '\0';
     return 1;
   }
-  // Kept as a defence: running out of memory raises an exception instead.
+  // Running out of memory while creating the object ends up here.
   const std::string_view text = "Error while creating object";
   const size_t n = msgBufLen < 0 ? 0 : std::min(text.size(), static_cast<size_t>(msgBufLen));
   text.copy(msgBuf, n);

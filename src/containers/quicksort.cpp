@@ -1,6 +1,9 @@
 #include "containers/quicksort.h"
 
 #include <cstdint>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace optkw {
 
@@ -10,8 +13,14 @@ void tquicksortclass::SortN(int32_t count) {
 }
 
 void tquicksortclass::QuickSort(int32_t lo, int32_t hi) {
-  // The right part is handled by the loop, the left part by recursion.
-  for (;;) {
+  // Parts still to sort, the next on top: the left part of a partition comes
+  // before its right part, as in the plain recursive form, so the entries are
+  // compared and exchanged in the same sequence, while no input, however
+  // unlucky, can make the call stack deep.
+  std::vector<std::pair<int32_t, int32_t>> parts{{lo, hi}};
+  while (!parts.empty()) {
+    std::tie(lo, hi) = parts.back();
+    parts.pop_back();
     // The pivot is a position, not a value: it moves with the entry it names
     // whenever that entry takes part in an exchange.
     int32_t p = (lo + hi) >> 1;
@@ -33,9 +42,8 @@ void tquicksortclass::QuickSort(int32_t lo, int32_t hi) {
         --j;
       }
     } while (i <= j);
-    if (lo < j) QuickSort(lo, j);
-    lo = i;
-    if (i >= hi) return;
+    if (i < hi) parts.emplace_back(i, hi);
+    if (lo < j) parts.emplace_back(lo, j);
   }
 }
 

@@ -2,6 +2,9 @@
 // assigned is in value_assignment.cpp.
 #include "database/options.h"
 
+#include <unordered_set>
+#include <vector>
+
 #include "database/vlmoptions.h"
 #include "scanning/value_text.h"
 
@@ -204,9 +207,19 @@ tmacrooption::tmacrooption(std::string_view name, tvlmoptions *owner, int32_t hc
     : toption(name, owner, optTypeMacro, -1, hc, group, help) {}
 
 void tmacrooption::Reset() {
-  for (toption *member : MacroList)
-    member->Reset();
-  toption::Reset();
+  // Resetting is the same however often and in whatever order it is done, so
+  // each option reached is reset once, with a stack instead of recursion.
+  std::vector<toption *> pending{this};
+  std::unordered_set<toption *> reached{this};
+  while (!pending.empty()) {
+    toption *option = pending.back();
+    pending.pop_back();
+    option->ResetOwn();
+    if (option->OptType != optTypeMacro) continue;
+    for (toption *member : static_cast<tmacrooption *>(option)->MacroList) {
+      if (reached.insert(member).second) pending.push_back(member);
+    }
+  }
 }
 
 timmediateoption::timmediateoption(std::string_view name, tvlmoptions *owner, int32_t ref_nr,

@@ -75,6 +75,8 @@ class toption : public toptionx {
   // Makes the option unset again: the state words become 0 and the stored
   // values stop counting (a few types also empty their lists).
   virtual void Reset();
+  // What Reset does to this option itself, leaving any members alone.
+  virtual void ResetOwn() { Reset(); }
 
   // ---- Reading; the effective value is Value when its bit of Defined is set,
   // ---- else DefValue.
@@ -133,7 +135,13 @@ class toption : public toptionx {
   int32_t DefinedR = 0;
   int32_t DefinedM = 0;
   uint8_t SubType = optsubRequired;
+  // True while this multi-list or macro hands a value on to its members.
+  bool HandingOn = false;
 };
+
+// Hands a value text on from a multi-list or macro to its members, and on
+// through members that hand on in turn (value_assignment.cpp).
+void HandOnValue(toption &start, const ShortStr &text);
 
 // The common shape of the six types that hold a first and a second value.
 template <class V>
@@ -277,8 +285,10 @@ class tmacrooption : public toption {
  public:
   tmacrooption(std::string_view name, tvlmoptions *owner, int32_t hc, int32_t group,
                std::string_view help);
-  // Resets the members too.
+  // Resets the members too, and theirs, however deep macros nest.
   void Reset() override;
+  // Only this option's own state: a reset of every option needs no more.
+  void ResetOwn() override { toption::Reset(); }
   void AssignText(bool second, const ShortStr &text) override;
 
   txlist<toption *> MacroList;  // not owned

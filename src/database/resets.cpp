@@ -15,8 +15,10 @@ void EmptyStores(tvlmoptions &db) {
 }  // namespace
 
 void optResetAll(tvlmoptions &db) {
+  // Every option is reset here anyway, so a macro need not reset its members:
+  // that keeps nested macros linear.
   for (const auto &entry : db.Options)
-    entry.FObject->Reset();
+    entry.FObject->ResetOwn();
   EmptyStores(db);
   db.Messages.Clear();
   db.IndicatorErrors = 0;

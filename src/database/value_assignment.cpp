@@ -270,19 +270,86 @@ bool tenumintoption::AssignValues(bool second, int32_t ival, double, const Short
 }
 
 // ---- options that pass their value on
+//
+// A multi-list hands item k of its value to member k, a macro its whole value
+// to every member, and a member may be a multi-list or a macro in turn. The
+// chain is walked with a stack of its own instead of the call stack, so that
+// no chain is too long, in the same order as a nested walk would take. A
+// member that is already handing on a value further up the same chain takes
+// nothing: a definition whose members come back to an option of the chain
+// gives each option of the cycle the value once.
+
+namespace {
+
+// One multi-list or macro in the middle of handing on its value.
+struct HandOn {
+  toption *source;
+  ShortStr text;
+  std::vector<std::string_view> items;  // a multi-list's items, views into `text`
+  int32_t next = 0;
+
+  // The next member and the text it takes; false when there is no more. A
+  // member that the definition couldn't resolve is nil and takes nothing.
+  bool Next(toption *&member, ShortStr &value) const {
+    if (source->OptType == optTypeMacro) {
+      const auto &macro = static_cast<const tmacrooption &>(*source);
+      if (next >= macro.MacroList.Count()) return false;
+      member = macro.MacroList.GetItem(next);
+      value = text;
+      return true;
+    }
+    if (next >= static_cast<int32_t>(items.size())) return false;
+    const auto &list = static_cast<const tmultilistoption &>(*source);
+    if (next >= list.MemberList.Count()) {
+      source->Owner->AddMessage(optMsgValueError, ShortStr("Too many items for multilist ") +
+                                                      Quoted(source->Owner->CurrentName));
+      return false;
+    }
+    member = source->Owner->OptionAt(list.MemberList.GetItem(next));
+    value = items[static_cast<size_t>(next)];
+    return true;
+  }
+};
+
+bool HandsOn(const toption &option) {
+  return option.OptType == optTypeMultiList || option.OptType == optTypeMacro;
+}
+
+}  // namespace
 
 void tmultilistoption::AssignText(bool second, const ShortStr &text) {
-  if (second) return;
-  int32_t k = 0;
-  for (std::string_view item : SplitItems(text.view())) {
-    if (k >= MemberList.Count()) {
-      Owner->AddMessage(optMsgValueError,
-                        ShortStr("Too many items for multilist ") + Quoted(Owner->CurrentName));
-      break;
+  if (!second) HandOnValue(*this, text);
+}
+
+void tmacrooption::AssignText(bool second, const ShortStr &text) {
+  if (!second) HandOnValue(*this, text);
+}
+
+void HandOnValue(toption &start, const ShortStr &text) {
+  std::vector<HandOn> chain;
+  auto begin = [&chain](toption &source, const ShortStr &value) {
+    chain.push_back({&source, value, {}, 0});
+    HandOn &top = chain.back();
+    if (source.OptType == optTypeMultiList) top.items = SplitItems(top.text.view());
+    source.HandingOn = true;
+  };
+  begin(start, text);
+  while (!chain.empty()) {
+    HandOn &top = chain.back();
+    toption *member = nullptr;
+    ShortStr value;
+    if (!top.Next(member, value)) {
+      top.source->HandingOn = false;
+      chain.pop_back();
+      continue;
     }
-    // A member that the definition couldn't resolve takes nothing.
-    if (toption *member = Owner->OptionAt(MemberList.GetItem(k))) SetFirstValue(*member, item);
-    ++k;
+    ++top.next;
+    if (!member || member->HandingOn) continue;
+    if (HandsOn(*member) && member->SubType != optsubNoValue && CharPos('"', value) == 0) {
+      begin(*member, value);  // `top` may move: it isn't used again in this pass
+    } else {
+      SetFirstValue(*member, value);
+    }
   }
 }
 
@@ -290,12 +357,6 @@ void tstrlistoption::AssignText(bool second, const ShortStr &text) {
   if (second) return;
   StrList.Add(text.view());
   MarkAssigned(false);
-}
-
-void tmacrooption::AssignText(bool second, const ShortStr &text) {
-  if (second) return;
-  for (toption *member : MacroList)
-    SetFirstValue(*member, text);
 }
 
 }  // namespace optkw

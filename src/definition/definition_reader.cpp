@@ -10,6 +10,7 @@
 
 #include "database/operations.h"
 #include "database/parser_scope.h"
+#include "database/source_fault.h"
 #include "definition/definition_reader.h"
 #include "definition/statement_context.h"
 #include "scanning/system_error_text.h"
@@ -182,6 +183,7 @@ int32_t optReadDefinition(tvlmoptions &db, const ShortStr &fileName) {
     ParserScope scope(db, EolCharSet());
     if (scope.parser().OpenFile(fileName.view(), code)) {
       ReadDefinitionBody(db);
+      code = ReportSourceFault(db, scope.parser(), "option definitions file", fileName);
     } else {
       db.AddMessage(optMsgDefineError,
                     ShortStr("Cannot open option definitions file \"") + fileName + "\"");

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "database/operations.h"
-#include "scanning/miniparser.h"
 #include "scanning/system_error_text.h"
 #include "scanning/value_text.h"
 
@@ -15,6 +14,7 @@ namespace optkw {
 namespace {
 
 // Writes lines to a file it opened, or to standard output, which stays open.
+// The first write error is kept, and nothing more is written after it.
 class LineSink {
  public:
   explicit LineSink(std::FILE *file, bool owned) : file_(file), owned_(owned) {}
@@ -25,22 +25,39 @@ class LineSink {
   LineSink &operator=(const LineSink &) = delete;
 
   void Line(std::string_view text) {
+    if (error_ != 0) return;
+    errno = 0;
     if (std::fwrite(text.data(), 1, text.size(), file_) != text.size() ||
         std::fputc('\n', file_) == EOF) {
-      throw InOutError(errno != 0 ? errno : EIO, "writing a parameter file");
+      Failed();
     }
   }
-  // Ends the output; an error that the buffer kept until now surfaces here.
-  void Finish() {
+  // Ends the output and gives the system error code of the first failed
+  // write, or 0; an error that the buffer kept until now surfaces here.
+  int Finish() {
+    errno = 0;
     const bool failed = owned_ ? std::fclose(file_) != 0 : std::fflush(file_) != 0;
     owned_ = false;
-    if (failed) throw InOutError(errno != 0 ? errno : EIO, "writing a parameter file");
+    if (failed) Failed();
+    return error_;
   }
 
  private:
+  void Failed() {
+    if (error_ == 0) error_ = errno != 0 ? errno : EIO;
+  }
+
   std::FILE *file_;
   bool owned_;
+  int error_ = 0;
 };
+
+// The two messages of a file that can't be written, at its open or later.
+void CannotWrite(tvlmoptions &db, const ShortStr &fileName, int code) {
+  db.AddMessage(optMsgUserError, ShortStr("Cannot write parameter file \"") + fileName + "\"");
+  db.AddMessage(optMsgUserError,
+                ShortStr("   Error code = ") + IntegerToText(code) + "; " + SystemErrorText(code));
+}
 
 std::string operator+(std::string left, const ShortStr &right) {
   return left.append(right.view());
@@ -146,16 +163,15 @@ int32_t optWriteParameterFile(tvlmoptions &db, const ShortStr &fileName) {
       if (errno != 0) code = errno;
     }
     if (!file) {
-      db.AddMessage(optMsgUserError, ShortStr("Cannot write parameter file \"") + fileName + "\"");
-      db.AddMessage(optMsgUserError, ShortStr("   Error code = ") + IntegerToText(code) + "; " +
-                                         SystemErrorText(code));
+      CannotWrite(db, fileName, code);
       return code;
     }
   }
   LineSink out(file, file != stdout);
   WriteAll(out, db);
-  out.Finish();
-  return 0;
+  const int code = out.Finish();
+  if (code != 0) CannotWrite(db, fileName, code);
+  return code;
 }
 
 }  // namespace optkw

@@ -1,6 +1,7 @@
 #include "parameters/reading_driver.h"
 
 #include "database/parser_scope.h"
+#include "database/source_fault.h"
 #include "parameters/statement_reader.h"
 #include "scanning/system_error_text.h"
 #include "scanning/value_text.h"
@@ -49,12 +50,13 @@ int32_t ReadParameterFileSource(tvlmoptions &db, const ShortStr &fileName) {
     NestingLevel level(db);
     if (db.NestedReads < kNestingLimit) {
       ReadParameters(db, db.EolOnly);
+      code = ReportSourceFault(db, scope.parser(), "parameter file", fileName);
     } else {
       db.AddMessage(optMsgUserError, "File nesting level too deep; file ignored");
     }
     db.AddMessage(optMsgFileLeave, fileName.view());
   }
-  return 0;
+  return code;
 }
 
 int32_t optReadParameterFile(tvlmoptions &db, const ShortStr &fileName) {

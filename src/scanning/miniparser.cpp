@@ -1,6 +1,8 @@
 // Sources, lines and characters of tminiparser. The token readers are in
 // miniparser_tokens.cpp.
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -22,6 +24,34 @@ tminiparser::tminiparser(txstringlist<int32_t> *messages, bool echo, const EolCh
 
 tminiparser::~tminiparser() = default;
 
+// Opens without waiting for a writer: a FIFO that nobody writes to would block
+// open() for ever. Once open, the descriptor blocks again, so a pipe whose
+// writer is slow is read as it comes; with no writer at all it reads as empty.
+bool tminiparser::OpenNonBlocking(const std::string &name, int &code) {
+  const int fd = ::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) {
+    code = errno;
+    return false;
+  }
+  // A directory opens for reading here but can't be read: refuse it at the door.
+  struct stat info;
+  if (fstat(fd, &info) == 0 && S_ISDIR(info.st_mode)) {
+    ::close(fd);
+    code = EISDIR;
+    return false;
+  }
+  const int flags = fcntl(fd, F_GETFL);
+  if (flags >= 0) fcntl(fd, F_SETFL, flags & ~O_NONBLOCK);
+  std::FILE *f = fdopen(fd, "rb");
+  if (!f) {
+    code = errno;
+    ::close(fd);
+    return false;
+  }
+  FFile = std::unique_ptr<std::FILE, FileCloser>(f, FileCloser{true});
+  return true;
+}
+
 bool tminiparser::OpenFile(std::string_view name, int32_t &io_code) {
   name_ = std::string(name);
   int code = 0;
@@ -29,16 +59,8 @@ bool tminiparser::OpenFile(std::string_view name, int32_t &io_code) {
     FFile = std::unique_ptr<std::FILE, FileCloser>(stdin, FileCloser{false});
   } else if (name.find('\0') != std::string_view::npos) {
     code = ENOENT;  // no file system name holds a NUL byte
-  } else if (std::FILE *f = std::fopen(name_.c_str(), "rb")) {
-    FFile = std::unique_ptr<std::FILE, FileCloser>(f, FileCloser{true});
-    // A directory opens for reading here but can't be read: refuse it at the door.
-    struct stat info;
-    if (fstat(fileno(f), &info) == 0 && S_ISDIR(info.st_mode)) {
-      FFile.reset();
-      code = EISDIR;
-    }
   } else {
-    code = errno;
+    OpenNonBlocking(name_, code);
   }
   FFileOpen = code == 0;
   FLineNr = 0;
@@ -83,7 +105,11 @@ bool tminiparser::FillBuffer() {
   errno = 0;
   buffer_len_ = std::fread(buffer_.get(), 1, kReadAhead, FFile.get());
   if (std::ferror(FFile.get())) {
-    throw InOutError(errno != 0 ? errno : EIO, "miniparser: reading \"" + name_ + "\"");
+    // A read error ends the source: what was read stays read, and the reader
+    // above reports the fault.
+    fault_ = SourceFault::kReadError;
+    fault_code_ = errno != 0 ? errno : EIO;
+    buffer_len_ = 0;
   }
   if (buffer_len_ == 0) {
     file_exhausted_ = true;
@@ -113,6 +139,13 @@ bool tminiparser::TakePhysicalLine() {
     buffer_pos_ += segment;
     if (lf) {
       ++buffer_pos_;
+      break;
+    }
+    if (length > kMaxPhysicalLine) {
+      // No line feed in sight: the rest of the source is given up.
+      fault_ = SourceFault::kEndlessLine;
+      file_exhausted_ = true;
+      buffer_pos_ = buffer_len_ = 0;
       break;
     }
     if (!FillBuffer()) break;

@@ -14,10 +14,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 #include "containers/short_str.h"
 #include "containers/string_lists.h"
@@ -28,12 +26,10 @@ namespace optkw {
 inline constexpr char kEndOfText = 26;
 inline constexpr char kLineEnd = 10;
 
-// An I/O error in the middle of a source. Reading never mistakes one for the end.
-class InOutError : public std::system_error {
- public:
-  InOutError(int code, const std::string &where)
-      : std::system_error(code, std::generic_category(), where) {}
-};
+// Why a file source ended before its real end: a read error, or a physical
+// line so long that waiting for its line feed could last forever (a device
+// such as /dev/zero never sends one).
+enum class SourceFault : uint8_t { kNone, kReadError, kEndlessLine };
 
 // Closes a file that the scanner opened itself; standard input stays open.
 struct FileCloser {
@@ -46,6 +42,9 @@ struct FileCloser {
 class tminiparser {
  public:
   static constexpr int32_t kLineCapacity = 4 * ShortStr::kMaxLength;  // 1020
+  // The most bytes one physical line may hold. Beyond the 1020 kept, the rest
+  // of a line is skipped; past this many the source ends there instead.
+  static constexpr size_t kMaxPhysicalLine = size_t{1} << 20;
 
   // `messages` receives the echo lines (with companion 0); it is borrowed.
   tminiparser(txstringlist<int32_t> *messages, bool echo, const EolCharSet &eol_comm);
@@ -84,6 +83,11 @@ class tminiparser {
   int32_t FLineNr = 0;
   bool FEcho = false;  // may be switched while a read is under way
 
+  // A file source that ended early says why here; the reader above words it.
+  SourceFault Fault() const { return fault_; }
+  // The system's error code of a read error.
+  int32_t FaultCode() const { return fault_code_; }
+
  private:
   enum class SourceKind : uint8_t { kFile, kShortStr, kPChar };
 
@@ -93,6 +97,7 @@ class tminiparser {
   bool ReadFileLine();
   bool TakePhysicalLine();
   bool FillBuffer();
+  bool OpenNonBlocking(const std::string &name, int &code);
   void EchoLine(std::string_view line);
   bool AtTokenEnd() const { return FCh == kLineEnd || FCh == kEndOfText; }
 
@@ -111,6 +116,8 @@ class tminiparser {
   size_t buffer_pos_ = 0;
   size_t buffer_len_ = 0;
   bool file_exhausted_ = false;
+  SourceFault fault_ = SourceFault::kNone;
+  int32_t fault_code_ = 0;
   std::string name_;
 };
 

@@ -75,9 +75,26 @@ TEST_F(ScannerTest, FilesThatCantBeOpenedOrRead) {
   EXPECT_FALSE(Open().OpenFile((dir.path() / "absent").string(), code));
   parser->NextCh();
   EXPECT_EQ(parser->FCh, kEndOfText);  // the end is sticky
-  // The process's memory file opens, but reading it at address 0 fails.
+  // The process's memory file opens, but reading it at address 0 fails: the
+  // source ends there, and the fault is kept for the reader to report.
   if (access("/proc/self/mem", R_OK) != 0) GTEST_SKIP() << "no /proc/self/mem";
-  EXPECT_THROW(Open().OpenFile("/proc/self/mem", code), InOutError);
+  EXPECT_TRUE(Open().OpenFile("/proc/self/mem", code));
+  EXPECT_EQ(code, 0);
+  EXPECT_FALSE(parser->NextLine());
+  EXPECT_EQ(parser->Fault(), SourceFault::kReadError);
+  EXPECT_EQ(parser->FaultCode(), EIO);
+}
+
+TEST_F(ScannerTest, ALineThatNeverEndsEndsTheSource) {
+  // Just under the limit the line is cut at 1020 and the next line follows;
+  // past it, the source ends after the cut line.
+  const size_t limit = tminiparser::kMaxPhysicalLine;
+  OpenFile(std::string(limit, 'a') + "\nnext\n");
+  EXPECT_EQ(Walk(), std::string(1020, 'a') + "|next|$");
+  EXPECT_EQ(parser->Fault(), SourceFault::kNone);
+  OpenFile(std::string(limit + 70000, 'a') + "\nnext\n");
+  EXPECT_EQ(Walk(), std::string(1020, 'a') + "|$");
+  EXPECT_EQ(parser->Fault(), SourceFault::kEndlessLine);
 }
 
 TEST_F(ScannerTest, EchoOfEveryLineInPiecesOf130) {

@@ -16,5 +16,6 @@ enum ExitStatus { kClean = 0, kErrors = 1, kUsageOrFile = 2, kIncomplete = 3 };
 void AddCheckCommand(CLI::App &app, int &status);
 void AddHelpCommand(CLI::App &app, int &status);
 void AddExportCommand(CLI::App &app, int &status);
+void AddLintCommand(CLI::App &app, int &status);
 
 }  // namespace optkw_tool

@@ -40,6 +40,11 @@ std::vector<std::string> MoreHelp(optHandle_t h, const OptionInfo &option) {
       option.type != optTypeBoolean) {
     return lines;
   }
+  // A name that the lookup leads elsewhere would bring another entry, or the
+  // whole summary.
+  int found = -1, reference = -1;
+  coptFindStr(h, option.key.c_str(), &found, &reference);
+  if (found != option.number) return lines;
   const int first = optMessageCount(h) + 1;
   coptShowHelp(h, option.key.c_str());
   std::vector<Message> entry = MessagesFrom(h, first);

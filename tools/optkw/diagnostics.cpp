@@ -78,24 +78,24 @@ bool IsFileSource(const std::string &name) {
 
 }  // namespace
 
-Severity SeverityOf(int type) {
+MessageSeverity MessageSeverityOf(int type) {
   switch (type) {
     case optMsgDefineError:
     case optMsgValueError:
     case optMsgTooManyMsgs:
     case optMsgUserError:
-      return Severity::kError;
+      return MessageSeverity::kError;
     case optMsgValueWarning:
     case optMsgDeprecated:
-      return Severity::kWarning;
+      return MessageSeverity::kWarning;
     case optMsgHelp:
-      return Severity::kNote;
+      return MessageSeverity::kNote;
     default:
-      return Severity::kInfo;
+      return MessageSeverity::kInfo;
   }
 }
 
-const char *SeverityName(Severity severity) {
+const char *MessageSeverityName(MessageSeverity severity) {
   static const char *const kNames[] = {"error", "warning", "note", "info"};
   return kNames[static_cast<int>(severity)];
 }

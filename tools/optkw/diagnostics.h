@@ -10,7 +10,7 @@
 
 namespace optkw_tool {
 
-enum class Severity { kError, kWarning, kNote, kInfo };
+enum class MessageSeverity { kError, kWarning, kNote, kInfo };
 
 struct Diagnostic {
   std::string text;  // decorated, exactly as optGetMessage gives it
@@ -23,8 +23,8 @@ struct Diagnostic {
   std::string hint;        // a suggestion of ours, never part of the text
 };
 
-Severity SeverityOf(int type);
-const char *SeverityName(Severity severity);
+MessageSeverity MessageSeverityOf(int type);
+const char *MessageSeverityName(MessageSeverity severity);
 const char *MessageTypeName(int type);
 
 // The text without its decoration and without the "line N: " prefix.

@@ -1,10 +1,14 @@
-// optkw help: the help listing of a definition, as the library renders it.
+// optkw help: the help listing of a definition, as the library renders it, for
+// any number of options; the entry of one option with what value it takes; and
+// suggestions for a name that the definition doesn't know.
 #include <cstdio>
 #include <memory>
 #include <string>
 
 #include "client.h"
 #include "commands.h"
+#include "help_listing.h"
+#include "help_suggestions.h"
 
 namespace optkw_tool {
 namespace {
@@ -12,7 +16,65 @@ namespace {
 struct HelpRequest {
   std::string definition;
   std::string request;  // an option name or a listing mode; empty for the summary
+  bool piecewise = false;
 };
+
+// What value option `nr` takes in parameter text, in words.
+std::string ValueKind(optHandle_t h, int nr) {
+  int defined, recent, reference, data_type, type, subtype;
+  optGetInfoNr(h, nr, &defined, &recent, &reference, &data_type, &type, &subtype);
+  switch (type) {
+    case optTypeStrList:
+      return "a list: repeat the option to add entries";
+    case optTypeMultiList:
+      return "a multilist: one statement sets the options it lists";
+    case optTypeMacro:
+      return "a macro: naming it sets the options it lists";
+    case optTypeImmediate:
+      return "acts at once where parameter text names it";
+    default:
+      break;
+  }
+  switch (subtype) {
+    case optsubNoValue:
+      return "takes no value";
+    case optsubOptional:
+      return "value optional";
+    case optsub2Values:
+      return "takes two values";
+    default:
+      return "takes one value";
+  }
+}
+
+int OptionEntry(optHandle_t h, const HelpRequest &request, int nr) {
+  coptShowHelp(h, request.request.c_str());
+  for (const Message &message : MessagesFrom(h, 1))
+    std::printf("%s\n", message.text.c_str());
+  // The tool's own line, apart from the library's entry.
+  std::printf("\nvalue: %s\n", ValueKind(h, nr).c_str());
+  std::fflush(stdout);
+  return kClean;
+}
+
+int UnknownName(optHandle_t h, const HelpRequest &request) {
+  std::fprintf(stderr, "optkw: %s defines no option or synonym \"%s\"\n",
+               request.definition.c_str(), request.request.c_str());
+  for (const std::string &hint : SuggestNames(h, request.request))
+    std::fprintf(stderr, "hint: did you mean \"%s\"?\n", hint.c_str());
+  return kErrors;
+}
+
+int Listing(optHandle_t h, const HelpRequest &request, int read) {
+  const struct Listing listing =
+      RenderListing(h, request.definition, request.request, request.piecewise);
+  for (const std::string &line : listing.lines)
+    std::printf("%s\n", line.c_str());
+  std::fflush(stdout);
+  for (const std::string &problem : listing.problems)
+    std::fprintf(stderr, "optkw: %s\n", problem.c_str());
+  return read < 0 || !listing.problems.empty() ? kErrors : kClean;
+}
 
 int RunHelp(const HelpRequest &request) {
   Handle handle;
@@ -20,11 +82,17 @@ int RunHelp(const HelpRequest &request) {
   // Faults of the definition are worth knowing, but they aren't the help.
   const int read = ReadDefinitionNoted(h, request.definition);
   if (read > 0) return kUsageOrFile;
-  coptShowHelp(h, request.request.c_str());
-  for (const Message &message : MessagesFrom(h, 1))
-    std::printf("%s\n", message.text.c_str());
-  std::fflush(stdout);
-  return read < 0 ? kErrors : kClean;
+  int mode = 0;
+  if (request.request.empty() || ListingMode(request.request, mode))
+    return Listing(h, request, read);
+  std::string name = request.request;
+  for (char &c : name)
+    if (c == ' ') c = '_';
+  int nr = -1, reference = -1;
+  coptFindStr(h, name.c_str(), &nr, &reference);
+  if (nr < 1) return UnknownName(h, request);
+  const int status = OptionEntry(h, request, nr);
+  return read < 0 ? kErrors : status;
 }
 
 }  // namespace
@@ -34,10 +102,17 @@ void AddHelpCommand(CLI::App &app, int &status) {
   CLI::App *command = app.add_subcommand("help", "show the help listing of a definition");
   command->footer(
       "Prints the help of the definition: the summary by group (no REQUEST), the entry of one "
-      "option (an option name, a synonym or an abbreviation), or a listing mode: 1 summary, "
-      "2 alphabetical list, 3 both, 4 the bare names, 8 added to 1 marks deprecated options.\n");
+      "option (an option name, a synonym or an abbreviation) followed by what value it takes, "
+      "or a listing mode: 1 summary, 2 alphabetical list, 3 both, 4 the bare names, 8 added to "
+      "1 marks deprecated options. Listings are whole for any number of options. A name the "
+      "definition doesn't know is an error, with suggestions.\n");
   command->add_option("DEF", request->definition, "the option definition file")->required();
   command->add_option("REQUEST", request->request, "an option name or a listing mode");
+  command
+      ->add_flag("--piecewise", request->piecewise,
+                 "put the listing together entry by entry even when the library's fits "
+                 "(for comparing the two)")
+      ->group("");
   command->callback([request, &status] { status = RunHelp(*request); });
 }
 

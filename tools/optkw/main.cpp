@@ -17,6 +17,7 @@ int main(int argc, char **argv) {
   AddCheckCommand(app, status);
   AddHelpCommand(app, status);
   AddExportCommand(app, status);
+  AddLintCommand(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp &help) {

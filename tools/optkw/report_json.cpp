@@ -10,7 +10,7 @@ namespace {
 using json = nlohmann::ordered_json;
 
 json Record(const Diagnostic &d) {
-  json record = {{"severity", SeverityName(SeverityOf(d.type))},
+  json record = {{"severity", MessageSeverityName(MessageSeverityOf(d.type))},
                  {"text", d.text},
                  {"type", d.type},
                  {"type_name", MessageTypeName(d.type)},

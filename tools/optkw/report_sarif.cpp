@@ -33,10 +33,10 @@ std::string KindOf(const Diagnostic &d) {
 }
 
 const char *Level(int type) {
-  switch (SeverityOf(type)) {
-    case Severity::kError:
+  switch (MessageSeverityOf(type)) {
+    case MessageSeverity::kError:
       return "error";
-    case Severity::kWarning:
+    case MessageSeverity::kWarning:
       return "warning";
     default:
       return "note";
