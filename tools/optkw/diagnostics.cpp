@@ -114,6 +114,26 @@ std::string BareText(const std::string &decorated, int type) {
   return std::string(text);
 }
 
+namespace {
+
+// Closes the file a leave message names, and any opened within it. A full
+// queue may have dropped the matching enter; then the files open stay open.
+void CloseSource(std::vector<std::string> &open_sources, const std::string &name) {
+  const auto open = std::find(open_sources.rbegin(), open_sources.rend(), name);
+  if (open != open_sources.rend()) open_sources.erase(std::next(open).base(), open_sources.end());
+}
+
+// A further line of the message before: it begins with three blanks, or it
+// is the reason of a failed open.
+bool IsFollowUp(std::string_view text, const std::vector<Diagnostic> &before) {
+  if (text.substr(0, 3) == "   ") return true;
+  return text.substr(0, 13) == "Error code = " && !before.empty() &&
+         BareText(before.back().text, before.back().type).rfind("Cannot open parameter file", 0) ==
+             0;
+}
+
+}  // namespace
+
 std::vector<Diagnostic> Locate(const std::vector<Message> &messages, const std::string &fallback,
                                bool fallback_is_file) {
   std::vector<Diagnostic> located;
@@ -127,23 +147,14 @@ std::vector<Diagnostic> Locate(const std::vector<Message> &messages, const std::
     d.source = open_sources.empty() ? fallback : open_sources.back();
     d.from_file = open_sources.empty() ? fallback_is_file : IsFileSource(d.source);
     if (message.type == optMsgFileLeave) {
-      const std::string name = BracketName(message.text);
-      d.source = name;
-      d.from_file = IsFileSource(name);
-      // A full queue may have dropped the matching enter; then the files
-      // open stay open.
-      const auto open = std::find(open_sources.rbegin(), open_sources.rend(), name);
-      if (open != open_sources.rend())
-        open_sources.erase(std::next(open).base(), open_sources.end());
+      d.source = BracketName(message.text);
+      d.from_file = IsFileSource(d.source);
+      CloseSource(open_sources, d.source);
     }
     if (HasLinePrefix(message.type)) {
       std::string_view text = Undecorated(message.text, message.type);
       d.line = TakeLine(text);
-      // The reason of a failed open is a second line of the same fault.
-      d.follow_up = text.substr(0, 3) == "   " ||
-                    (text.substr(0, 13) == "Error code = " && !located.empty() &&
-                     BareText(located.back().text, located.back().type)
-                             .rfind("Cannot open parameter file", 0) == 0);
+      d.follow_up = IsFollowUp(text, located);
       if (!d.follow_up) statement_option = NamedOption(text);
       d.option = statement_option;
     }
