@@ -12,11 +12,6 @@
 
 namespace optkw_tool {
 
-// The candidate closest to `typed`, if one is close enough to be a slip of
-// the keyboard or an abbreviation of it. Case, "_" and blanks don't count.
-std::optional<std::string> ClosestCandidate(const std::string &typed,
-                                            const std::vector<std::string> &candidates);
-
 // "did you mean ...?" for a name that is no option, or nothing.
 std::string NameHint(const std::string &name, const DefinitionModel &model);
 
