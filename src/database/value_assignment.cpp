@@ -285,7 +285,9 @@ namespace {
 struct HandOn {
   toption *source;
   ShortStr text;
-  std::vector<std::string_view> items;  // a multi-list's items, views into `text`
+  // A multi-list's items, as offset and length in `text`: the record moves as
+  // the chain grows, and views into its own text would not move with it.
+  std::vector<std::pair<size_t, size_t>> items;
   int32_t next = 0;
 
   // The next member and the text it takes; false when there is no more. A
@@ -306,7 +308,8 @@ struct HandOn {
       return false;
     }
     member = source->Owner->OptionAt(list.MemberList.GetItem(next));
-    value = items[static_cast<size_t>(next)];
+    const auto [offset, length] = items[static_cast<size_t>(next)];
+    value = text.view().substr(offset, length);
     return true;
   }
 };
@@ -325,12 +328,32 @@ void tmacrooption::AssignText(bool second, const ShortStr &text) {
   if (!second) HandOnValue(*this, text);
 }
 
+namespace {
+
+// The options of a chain that are handing on; out of memory on the way must
+// not leave one marked, or it would take no value ever after.
+struct Chain : std::vector<HandOn> {
+  Chain() = default;
+  Chain(const Chain &) = delete;
+  Chain &operator=(const Chain &) = delete;
+  ~Chain() {
+    for (HandOn &link : *this)
+      link.source->HandingOn = false;
+  }
+};
+
+}  // namespace
+
 void HandOnValue(toption &start, const ShortStr &text) {
-  std::vector<HandOn> chain;
+  Chain chain;
   auto begin = [&chain](toption &source, const ShortStr &value) {
     chain.push_back({&source, value, {}, 0});
     HandOn &top = chain.back();
-    if (source.OptType == optTypeMultiList) top.items = SplitItems(top.text.view());
+    if (source.OptType == optTypeMultiList) {
+      const std::string_view all = top.text.view();
+      for (std::string_view item : SplitItems(all))
+        top.items.emplace_back(static_cast<size_t>(item.data() - all.data()), item.size());
+    }
     source.HandingOn = true;
   };
   begin(start, text);

@@ -83,6 +83,21 @@ TEST(HostSafety, MemberChainsThatComeBackStopThere) {
   c.ExpectUsable();
 }
 
+TEST(HostSafety, ListsInsideListsKeepTheOuterItems) {
+  // The outer list's items outlive the walk through its first member.
+  Client c;
+  ASSERT_EQ(c.DefineFile(TempDir().Write("nest.def",
+                                         "p integer 1 0 0 100 1 1 h\n"
+                                         "q integer 1 0 0 100 1 1 h\n"
+                                         "r integer 1 0 0 100 1 1 h\n"
+                                         "b multilist 1 1 1 inner\n p\n"
+                                         "a multilist 1 1 1 outer\n b\n q\n r\n")),
+            0);
+  c.Read("a 11:22:33");
+  EXPECT_TRUE(c.Messages().empty());
+  EXPECT_EQ(std::vector<int>({c.Int("p"), c.Int("q"), c.Int("r")}), std::vector<int>({11, 22, 33}));
+}
+
 TEST(HostSafety, LongMemberChainsReachTheEnd) {
   TempDir dir;
   std::string lists = kTarget, macros = kTarget;
