@@ -131,7 +131,9 @@ extern "C" OPTKW_EXPORT int optcreate(optHandle_t *h, char *msgBuf, int msgBufLe
 OPTKW_ALIAS(int, optcreate_, optcreate, (optHandle_t * h, char *msgBuf, int msgBufLen))
 
 extern "C" OPTKW_EXPORT void xfree(optHandle_t *h) {
-  if (*h != nullptr) optkw::FreeHandle(*h);
+  optkw::api::Guarded<void>(nullptr, "xfree", nullptr, [&] {
+    if (*h != nullptr) optkw::FreeHandle(*h);
+  });
 }
 OPTKW_ALIAS(void, xfree_, xfree, (optHandle_t * h))
 OPTKW_ALIAS(void, optxfree, xfree, (optHandle_t * h))
@@ -144,30 +146,36 @@ extern "C" OPTKW_EXPORT int optfree(optHandle_t *h) {
 OPTKW_ALIAS(int, optfree_, optfree, (optHandle_t * h))
 
 extern "C" OPTKW_EXPORT int xapiversion(int api, char *msg, int *status) {
-  optkw::ShortStr text;
-  const int result = optkw::CheckApiVersion(api, text, *status);
-  text.ToCounted(msg);
-  return result;
+  return optkw::api::Guarded<int>(nullptr, "xapiversion", nullptr, [&] {
+    optkw::ShortStr text;
+    const int result = optkw::CheckApiVersion(api, text, *status);
+    text.ToCounted(msg);
+    return result;
+  });
 }
 OPTKW_ALIAS(int, xapiversion_, xapiversion, (int api, char *msg, int *status))
 OPTKW_ALIAS(int, optxapiversion, xapiversion, (int api, char *msg, int *status))
 OPTKW_ALIAS(int, optxapiversion_, xapiversion, (int api, char *msg, int *status))
 
 extern "C" OPTKW_EXPORT int cxapiversion(int api, char *msg, int *status) {
-  optkw::ShortStr text;
-  const int result = optkw::CheckApiVersion(api, text, *status);
-  optkw::StrToC(msg, text);
-  return result;
+  return optkw::api::Guarded<int>(nullptr, "cxapiversion", nullptr, [&] {
+    optkw::ShortStr text;
+    const int result = optkw::CheckApiVersion(api, text, *status);
+    optkw::StrToC(msg, text);
+    return result;
+  });
 }
 OPTKW_ALIAS(int, cxapiversion_, cxapiversion, (int api, char *msg, int *status))
 
 extern "C" OPTKW_EXPORT int xcheck(const char *funcName, int nArgs, const int *argTypes,
                                    char *msg) {
-  optkw::ShortStr text;
-  const int result =
-      optkw::CheckSignature(optkw::ShortStr::FromCounted(funcName), nArgs, argTypes, text);
-  text.ToCounted(msg);
-  return result;
+  return optkw::api::Guarded<int>(nullptr, "xcheck", nullptr, [&] {
+    optkw::ShortStr text;
+    const int result =
+        optkw::CheckSignature(optkw::ShortStr::FromCounted(funcName), nArgs, argTypes, text);
+    text.ToCounted(msg);
+    return result;
+  });
 }
 OPTKW_ALIAS(int, xcheck_, xcheck, (const char *funcName, int nArgs, const int *argTypes, char *msg))
 OPTKW_ALIAS(int, optxcheck, xcheck,
@@ -177,10 +185,12 @@ OPTKW_ALIAS(int, optxcheck_, xcheck,
 
 extern "C" OPTKW_EXPORT int cxcheck(const char *funcName, int nArgs, const int *argTypes,
                                     char *msg) {
-  optkw::ShortStr text;
-  const int result = optkw::CheckSignature(optkw::StrFromC(funcName), nArgs, argTypes, text);
-  optkw::StrToC(msg, text);
-  return result;
+  return optkw::api::Guarded<int>(nullptr, "cxcheck", nullptr, [&] {
+    optkw::ShortStr text;
+    const int result = optkw::CheckSignature(optkw::StrFromC(funcName), nArgs, argTypes, text);
+    optkw::StrToC(msg, text);
+    return result;
+  });
 }
 OPTKW_ALIAS(int, cxcheck_, cxcheck,
             (const char *funcName, int nArgs, const int *argTypes, char *msg))

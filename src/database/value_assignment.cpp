@@ -334,8 +334,24 @@ void tmacrooption::AssignText(bool second, const ShortStr &text) {
   if (!second) HandOnValue(*this, text);
 }
 
+namespace {
+
+// The options of a chain that are handing on; out of memory on the way must
+// not leave one marked, or it would take no value ever after.
+struct Chain : std::vector<HandOn> {
+  Chain() = default;
+  Chain(const Chain &) = delete;
+  Chain &operator=(const Chain &) = delete;
+  ~Chain() {
+    for (auto link = rbegin(); link != rend(); ++link)
+      link->source->HandingOn = link->outer_length;
+  }
+};
+
+}  // namespace
+
 void HandOnValue(toption &start, const ShortStr &text) {
-  std::vector<HandOn> chain;
+  Chain chain;
   auto begin = [&chain](toption &source, const ShortStr &value) {
     chain.push_back({&source, value, source.HandingOn, {}, 0});
     HandOn &top = chain.back();

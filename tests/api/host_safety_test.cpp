@@ -81,6 +81,33 @@ TEST(HostSafety, MemberChainsThatComeBackStopThere) {
   EXPECT_EQ(c.Int("x"), 2);
   EXPECT_TRUE(c.Messages().empty());
   c.ExpectUsable();
+  // A shorter item handed back is split and handed on again, as it always was.
+  Client n;
+  ASSERT_EQ(n.DefineFile(TempDir().Write("back.def", std::string(kTarget) +
+                                                         "n multilist 1 1 1 x first, then itself\n"
+                                                         " x n\n")),
+            0);
+  n.Read("n 3:4:5");
+  EXPECT_EQ(n.Int("x"), 4);
+  EXPECT_EQ(n.Messages(),
+            (std::vector<std::string>{"Reading parameter(s) from \"pchar\"",
+                                      "*** Value Error Too many items for multilist \"n\"",
+                                      "Finished reading from \"pchar\""}));
+}
+
+TEST(HostSafety, ListsInsideListsKeepTheOuterItems) {
+  // The outer list's items outlive the walk through its first member.
+  Client c;
+  ASSERT_EQ(c.DefineFile(TempDir().Write("nest.def",
+                                         "p integer 1 0 0 100 1 1 h\n"
+                                         "q integer 1 0 0 100 1 1 h\n"
+                                         "r integer 1 0 0 100 1 1 h\n"
+                                         "b multilist 1 1 1 inner\n p\n"
+                                         "a multilist 1 1 1 outer\n b\n q\n r\n")),
+            0);
+  c.Read("a 11:22:33");
+  EXPECT_TRUE(c.Messages().empty());
+  EXPECT_EQ(std::vector<int>({c.Int("p"), c.Int("q"), c.Int("r")}), std::vector<int>({11, 22, 33}));
 }
 
 TEST(HostSafety, LongMemberChainsReachTheEnd) {
@@ -90,7 +117,7 @@ TEST(HostSafety, LongMemberChainsReachTheEnd) {
     const std::string below = k == 0 ? "x" : "m" + std::to_string(k - 1);
     lists += "m" + std::to_string(k) + " multilist 1 1 1 h\n " + below + "\n";
   }
-  for (int k = 0; k < 100000; ++k) {
+  for (int k = 0; k < 400000; ++k) {
     const std::string below = k == 0 ? "x" : "k" + std::to_string(k - 1);
     macros += "k" + std::to_string(k) + " macro 1 1 h\n " + below + "\n";
   }
@@ -100,15 +127,15 @@ TEST(HostSafety, LongMemberChainsReachTheEnd) {
   EXPECT_EQ(chain.Int("x"), 42);
   Client nested;
   ASSERT_EQ(nested.DefineFile(dir.Write("macros.def", macros)), 0);
-  nested.Read("k99999 17");
+  nested.Read("k399999 17");
   EXPECT_EQ(nested.Int("x"), 17);
   // Resetting the outermost macro reaches the end of the chain, too.
-  EXPECT_EQ(optResetNr(nested.h, nested.Number("k99999")), 1);
+  EXPECT_EQ(optResetNr(nested.h, nested.Number("k399999")), 1);
   int defined = -1;
   optGetDefinedNr(nested.h, nested.Number("x"), &defined);
   EXPECT_EQ(defined, 0);
   // Resetting everything costs a pass over the options, not one per macro.
-  nested.Read("k99999 5");
+  nested.Read("k399999 5");
   const auto start = std::chrono::steady_clock::now();
   optResetAll(nested.h);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
@@ -212,6 +239,40 @@ TEST(HostSafety, PipesWithASlowWriterAreReadAsTheyCome) {
   int status = 0;
   waitpid(writer, &status, 0);
   EXPECT_EQ(status, 0);
+}
+
+TEST(HostSafety, AMultiListNamingItselfReturns) {
+  // The definition as it came in the report: the only member is the list itself.
+  Client c;
+  ASSERT_EQ(c.DefineFile(TempDir().Write("m.def", "m multilist 1 1 1 h\n m\n")), 0);
+  EXPECT_TRUE(c.Messages().empty());
+  c.Read("m 1");
+  EXPECT_EQ(coptSetStrNr(c.h, c.Number("m"), "1"), 1);
+  EXPECT_TRUE(c.Messages().empty());
+  int defined = -1;
+  optGetDefinedNr(c.h, c.Number("m"), &defined);
+  EXPECT_EQ(defined, 0);  // the list takes nothing from itself
+  ASSERT_EQ(c.Define(kTarget), 0);
+  c.ExpectUsable();
+}
+
+TEST(HostSafety, DirectoriesAreRefusedAtTheOpen) {
+  TempDir dir;
+  Client c;
+  ASSERT_EQ(c.DefineFile(dir.Write(
+                "rf.def", std::string(kTarget) + "rf immediate ReadFile 1 1 read a file\n")),
+            0);
+  const std::string name = dir.path().string();
+  EXPECT_EQ(coptReadParameterFile(c.h, name.c_str()), EISDIR);
+  EXPECT_EQ(c.Messages().back(), Error(EISDIR));
+  c.Read("rf " + name + " x 6");
+  EXPECT_EQ(c.Int("x"), 6);
+  EXPECT_EQ(c.Messages(),
+            (std::vector<std::string>{"Reading parameter(s) from \"pchar\"",
+                                      "*** Error Cannot open parameter file \"" + name + "\"",
+                                      Error(EISDIR), "Finished reading from \"pchar\""}));
+  EXPECT_EQ(coptReadDefinition(c.h, name.c_str()), EISDIR);
+  c.ExpectUsable();
 }
 
 }  // namespace

@@ -1,8 +1,11 @@
 // The containers: growth, lookup, ownership, and the sorts that all lists share.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
+#include <random>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -122,6 +125,61 @@ TEST(QuickSortTest, PivotIsAPositionThatFollowsItsEntry) {
   // The pivot moves from 1 to 3 with the first exchange; left behind it would give (0, 0), (2, 2).
   EXPECT_EQ(sort.exchanges, (std::vector<std::pair<int32_t, int32_t>>{{1, 3}, {1, 1}}));
   EXPECT_EQ(sort.items, (std::vector<int>{0, 1, 2, 3, -5}));
+}
+
+// Every Compare and Exchange, in order: 'c' or 'x' and the two positions.
+struct TracingSort : tquicksortclass {
+  explicit TracingSort(std::vector<int> items) : items(std::move(items)) {}
+  int32_t Compare(int32_t i, int32_t j) override {
+    trace.push_back({'c', i, j});
+    return items[i] - items[j];
+  }
+  void Exchange(int32_t i, int32_t j) override {
+    trace.push_back({'x', i, j});
+    std::swap(items[i], items[j]);
+  }
+  std::vector<int> items;
+  std::vector<std::tuple<char, int32_t, int32_t>> trace;
+};
+
+// The sort in its plain form, recursing on the left part: the order of calls
+// that the sort without recursion must keep, since the result of an unstable
+// sort shows it.
+void RecursiveQuickSort(tquicksortclass &sort, int32_t lo, int32_t hi) {
+  for (;;) {
+    int32_t p = (lo + hi) >> 1, i = lo, j = hi;
+    do {
+      while (sort.Compare(i, p) < 0)
+        ++i;
+      while (sort.Compare(j, p) > 0)
+        --j;
+      if (i <= j) {
+        sort.Exchange(i, j);
+        p = p == i ? j : p == j ? i : p;
+        ++i;
+        --j;
+      }
+    } while (i <= j);
+    if (lo < j) RecursiveQuickSort(sort, lo, j);
+    lo = i;
+    if (i >= hi) return;
+  }
+}
+
+TEST(QuickSortTest, CallsComeInTheOrderOfTheRecursiveForm) {
+  std::mt19937 random(7);
+  for (int size : {2, 3, 10, 100, 1000, 5000}) {
+    for (int spread : {2, 10, 1000000}) {  // many equal keys, some, hardly any
+      std::vector<int> items(static_cast<size_t>(size));
+      for (int &item : items)
+        item = static_cast<int>(random() % static_cast<unsigned>(spread));
+      TracingSort iterative(items), recursive(items);
+      iterative.SortN(size);
+      RecursiveQuickSort(recursive, 0, size - 1);
+      ASSERT_EQ(iterative.trace, recursive.trace) << size << " " << spread;
+      EXPECT_TRUE(std::is_sorted(iterative.items.begin(), iterative.items.end()));
+    }
+  }
 }
 
 std::vector<std::string> SortedKeys(txstringlist<int32_t> &list) {
