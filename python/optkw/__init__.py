@@ -18,12 +18,14 @@ come back as surrogate escapes, so nothing the library holds is lost.
 from ._library import LibraryNotFoundError
 from ._options import (
     DefinitionError,
+    Explanation,
     Message,
     MessageType,
     OptionError,
     Options,
     OptionType,
 )
+from ._suggest import closest_names, did_you_mean
 
 
 def library_path():
@@ -34,11 +36,14 @@ def library_path():
 
 __all__ = [
     "DefinitionError",
+    "Explanation",
     "LibraryNotFoundError",
     "Message",
     "MessageType",
     "OptionError",
     "OptionType",
     "Options",
+    "closest_names",
+    "did_you_mean",
     "library_path",
 ]

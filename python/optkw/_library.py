@@ -55,6 +55,11 @@ _PROTOTYPES = {
     "optreadfromliststr": (_I, [_H, _S, _I, _B]),
     "opteolonlyset": (_I, [_H, _I]),
     "optnoboundsset": (None, [_H, _I]),
+    "optgetnamenr": (_I, [_H, _I, _B]),
+    "optsynonymcount": (_I, [_H]),
+    "optgetsynonym": (_I, [_H, _I, _B, _B]),
+    "optgetenumcount": (_I, [_H, _I, _IP]),
+    "optgetenumvalue": (_I, [_H, _I, _I, _IP, _B]),
 }
 
 

@@ -1,13 +1,18 @@
 """Options: one handle of the library, with its definition, values and messages."""
 
+import contextlib
 import ctypes
 import enum
 import os
 import tempfile
-from typing import NamedTuple
+from typing import Any, Dict, Iterable, Iterator, List, NamedTuple, Optional, Tuple, Union
 
 from . import _library as _lib
 from ._library import buffer, c_string, counted, from_counted
+from ._suggest import closest_names
+
+# An option named, or numbered from 1 as the library counts them.
+OptionKey = Union[str, int]
 
 
 class MessageType(enum.IntEnum):
@@ -24,6 +29,10 @@ class MessageType(enum.IntEnum):
     TOO_MANY_MESSAGES = 8
     USER_ERROR = 9
 
+    def __str__(self) -> str:
+        """The name as the C header spells it, e.g. optMsgValueError."""
+        return _MESSAGE_TYPE_NAMES[self.value]
+
 
 class OptionType(enum.IntEnum):
     """The type of an option, as its definition line names it."""
@@ -39,6 +48,16 @@ class OptionType(enum.IntEnum):
     MACRO = 8
     IMMEDIATE = 9
 
+    def __str__(self) -> str:
+        """The keyword of the definition statement, e.g. enumstr."""
+        return self.name.lower()
+
+
+_MESSAGE_TYPE_NAMES = (
+    "optMsgInputEcho", "optMsgHelp", "optMsgDefineError", "optMsgValueError",
+    "optMsgValueWarning", "optMsgDeprecated", "optMsgFileEnter", "optMsgFileLeave",
+    "optMsgTooManyMsgs", "optMsgUserError")
+
 
 class Message(NamedTuple):
     """One message of the queue: its text as the library words it, and its type."""
@@ -47,10 +66,20 @@ class Message(NamedTuple):
     type: MessageType
 
 
+class Explanation(NamedTuple):
+    """Where the value of an option comes from."""
+
+    name: str
+    value: Any          # as opts[name] gives it
+    default: Any        # the value with nothing set
+    source: Optional[str]  # what set it last: a file name, "string", "command line",
+    #                        "client" (a setter of this object), or None: never set
+
+
 class OptionError(Exception):
     """The library refused something; `messages` holds what it said about it."""
 
-    def __init__(self, summary, messages=()):
+    def __init__(self, summary: str, messages: Iterable[Message] = ()) -> None:
         self.messages = list(messages)
         super().__init__(summary + "".join("\n  " + m.text for m in self.messages))
 
@@ -76,25 +105,34 @@ class Options:
     Use ``Options.from_string(text)`` for a definition held in a string.
     """
 
-    def __init__(self, definition_file):
-        self._start(definition_file, repr(os.fspath(definition_file)))
+    def __init__(self, definition_file: Union[str, "os.PathLike[str]"]) -> None:
+        with open(definition_file, "rb") as file:
+            definition = file.read()
+        self._start(definition_file, repr(os.fspath(definition_file)), definition)
 
     @classmethod
-    def from_string(cls, text):
+    def from_string(cls, text: str) -> "Options":
         """Options declared by definition text held in a string."""
+        return cls._from_bytes(_lib.encode(text), "the definition text")
+
+    @classmethod
+    def _from_bytes(cls, definition: bytes, source: str) -> "Options":
         fd, path = tempfile.mkstemp(prefix="optkw-", suffix=".def")
         try:
             with os.fdopen(fd, "wb") as file:
-                file.write(_lib.encode(text))
+                file.write(definition)
             options = cls.__new__(cls)
-            options._start(path, "the definition text")
+            options._start(path, source, definition)
             return options
         finally:
             os.unlink(path)
 
-    def _start(self, path, source):
+    def _start(self, path: Any, source: str, definition: bytes) -> None:
         """Creates the handle and reads the definitions from the file `path`."""
         self._handle = None
+        self._definition = definition
+        self._defaults_handle: Optional["Options"] = None
+        self._provenance: Dict[int, str] = {}
         self._lib = _lib.library()
         handle = ctypes.c_void_p()
         text = buffer()
@@ -119,8 +157,11 @@ class Options:
             raise ValueError("operation on closed Options")
         return self._handle
 
-    def close(self):
+    def close(self) -> None:
         """Frees the handle; further use raises ValueError. Closing twice is harmless."""
+        if getattr(self, "_defaults_handle", None) is not None:
+            self._defaults_handle.close()
+            self._defaults_handle = None
         if self._handle is not None:
             self._lib.optfree(ctypes.byref(self._handle))
             self._handle = None
@@ -191,7 +232,8 @@ class Options:
         Raises OSError (FileNotFoundError, ...) when the file can't be opened.
         """
         first = self._message_count() + 1
-        code = self._lib.optreadparameterfile(self._h, self._path(path))
+        with self._tracking(os.fspath(path)):
+            code = self._lib.optreadparameterfile(self._h, self._path(path))
         added = self._messages_from(first)
         if code:
             raise _os_error(code, added, path)
@@ -205,9 +247,10 @@ class Options:
         """
         lines = [c_string(line.removesuffix("\r")) for line in text.split("\n")]
         first = self._message_count() + 1
-        for line in lines:
-            if line.strip() and not line.startswith(b"*"):
-                self._lib.optreadfrompchar(self._h, line)
+        with self._tracking("string"):
+            for line in lines:
+                if line.strip() and not line.startswith(b"*"):
+                    self._lib.optreadfrompchar(self._h, line)
         return self._messages_from(first)
 
     def read_cmdline(self, args):
@@ -220,7 +263,8 @@ class Options:
         first = self._message_count() + 1
         former = self._lib.opteolonlyset(self._h, 0)
         try:
-            self._lib.optreadfromcmdline(self._h, data)
+            with self._tracking("command line"):
+                self._lib.optreadfromcmdline(self._h, data)
         finally:
             self._lib.opteolonlyset(self._h, former)
         return self._messages_from(first)
@@ -269,15 +313,21 @@ class Options:
         self._lib.optshowhelp(self._h, counted(str(request), "help request"))
         return [m.text for m in self._messages_from(first) if m.type == MessageType.HELP]
 
-    def reset(self):
+    def reset(self) -> None:
         """Unsets every option and empties the message queue."""
         self._lib.optresetall(self._h)
+        self._provenance.clear()
 
     # ---- options by name
 
-    def _find(self, name):
+    def _find(self, name: OptionKey) -> int:
+        if isinstance(name, int) and not isinstance(name, bool):
+            if not 1 <= name <= self._lib.optcount(self._h):
+                raise KeyError(name)
+            return name
         if not isinstance(name, str):
-            raise TypeError(f"option names are str, not {type(name).__name__}")
+            raise TypeError(f"options are named by str or numbered by int, "
+                            f"not {type(name).__name__}")
         data = _lib.encode(name)
         nr, ref = ctypes.c_int(), ctypes.c_int()
         if len(data) > _lib.STRBUF_SIZE - 1 or not self._lib.optfindstr(
@@ -383,7 +433,8 @@ class Options:
         else:
             steps = [self._setter(name, kind, value, False)]
         first = self._message_count() + 1
-        results = [setter(self._h, nr, argument) for setter, argument in steps]
+        with self._tracking("client"):
+            results = [setter(self._h, nr, argument) for setter, argument in steps]
         if not all(results):
             raise OptionError(f"option {name!r} refused {value!r}", self._messages_from(first))
 
@@ -401,6 +452,94 @@ class Options:
                             f"{type(value).__name__}")
         return (lib.optsetstr2nr if second else lib.optsetstrnr), counted(value, "value")
 
-    def __delitem__(self, name):
+    def __delitem__(self, name: OptionKey) -> None:
         """Unsets an option: it goes back to its default."""
-        self._lib.optresetnr(self._h, self._find(name))
+        nr = self._find(name)
+        self._lib.optresetnr(self._h, nr)
+        self._provenance.pop(nr, None)
+
+    # ---- by number, suggestions, what differs from the defaults and why
+
+    def number(self, name: str) -> int:
+        """The number of an option (or of the option a synonym stands for), from 1."""
+        return self._find(name)
+
+    def name_of(self, nr: int) -> str:
+        """The name of option number `nr` as the definition spells it."""
+        return self._key(self._find(nr))
+
+    def suggest(self, name: str) -> List[str]:
+        """Names of options and synonyms close to `name`, the nearest first (at most 3)."""
+        text, target = buffer(), buffer()
+        names = []
+        for nr in range(1, self._lib.optcount(self._h) + 1):
+            self._lib.optgetnamenr(self._h, nr, text)
+            if not from_counted(text).startswith("."):
+                names.append(from_counted(text))
+        for pos in range(1, self._lib.optsynonymcount(self._h) + 1):
+            self._lib.optgetsynonym(self._h, pos, text, target)
+            names.append(from_counted(text))
+        return closest_names(name, names)
+
+    def suggest_value(self, name: OptionKey, text: str) -> List[str]:
+        """Values of an enumerated option close to `text`, the nearest first (at most 3)."""
+        nr = self._find(name)
+        count, number, value = ctypes.c_int(), ctypes.c_int(), buffer()
+        self._lib.optgetenumcount(self._h, nr, ctypes.byref(count))
+        values = []
+        for k in range(1, count.value + 1):
+            self._lib.optgetenumvalue(self._h, nr, k, ctypes.byref(number), value)
+            values.append(from_counted(value))
+        return closest_names(text, values)
+
+    def _defaults(self) -> "Options":
+        """A handle with the same definition and nothing set."""
+        if self._defaults_handle is None:
+            self._defaults_handle = Options._from_bytes(self._definition, "the definition")
+        return self._defaults_handle
+
+    def _default_of(self, nr: int) -> Any:
+        defaults = self._defaults()
+        if nr > defaults._lib.optcount(defaults._h):
+            return []  # a list made by a "--" key of parameter text
+        return defaults[nr]
+
+    def changed(self) -> List[str]:
+        """Names of the options whose value differs from their default (a string list:
+        that holds entries), in the order of the definition."""
+        count = self._lib.optcount(self._h)
+        return [self._key(nr) for nr in range(1, count + 1)
+                if self._info(nr)[0] in _VALUE_TYPES and self[nr] != self._default_of(nr)]
+
+    def explain(self, name: OptionKey) -> Explanation:
+        """The value of an option, its default, and what set it last."""
+        nr = self._find(name)
+        return Explanation(self._key(nr), self[nr], self._default_of(nr),
+                           self._provenance.get(nr))
+
+    def _state(self) -> List[Tuple[Any, ...]]:
+        """What tells, per option, whether a source set it: the bits of Defined and
+        DefinedR, the value texts, the entries of a list."""
+        lib, h = self._lib, self._h
+        words = [ctypes.c_int() for _ in range(6)]
+        first, second = buffer(), buffer()
+        state = []
+        for nr in range(1, lib.optcount(h) + 1):
+            lib.optgetinfonr(h, nr, *(ctypes.byref(w) for w in words))
+            lib.optgetstrnr(h, nr, first)
+            lib.optgetstr2nr(h, nr, second)
+            entries = self._entries(nr) if words[4].value == OptionType.STRLIST else None
+            state.append((words[0].value, words[1].value, from_counted(first),
+                          from_counted(second), entries))
+        return state
+
+    @contextlib.contextmanager
+    def _tracking(self, source: str) -> Iterator[None]:
+        """Marks every option that the block sets as set by `source`."""
+        before = self._state()
+        try:
+            yield
+        finally:
+            for nr, now in enumerate(self._state(), 1):
+                if nr > len(before) or now != before[nr - 1]:
+                    self._provenance[nr] = source
