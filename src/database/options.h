@@ -135,8 +135,10 @@ class toption : public toptionx {
   int32_t DefinedR = 0;
   int32_t DefinedM = 0;
   uint8_t SubType = optsubRequired;
-  // True while this multi-list or macro hands a value on to its members.
-  bool HandingOn = false;
+  // While this multi-list or macro hands a value on to its members: the
+  // length of the text it hands on in its innermost round; else above any.
+  int32_t HandingOn = kNotHandingOn;
+  static constexpr int32_t kNotHandingOn = 1 << 30;
 };
 
 // Hands a value text on from a multi-list or macro to its members, and on

@@ -3,6 +3,7 @@
 // whichever road a value takes, so parameter text and the client's setters
 // leave options stored and marked alike.
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "database/list_separator.h"
@@ -274,10 +275,14 @@ bool tenumintoption::AssignValues(bool second, int32_t ival, double, const Short
 // A multi-list hands item k of its value to member k, a macro its whole value
 // to every member, and a member may be a multi-list or a macro in turn. The
 // chain is walked with a stack of its own instead of the call stack, so that
-// no chain is too long, in the same order as a nested walk would take. A
-// member that is already handing on a value further up the same chain takes
-// nothing: a definition whose members come back to an option of the chain
-// gives each option of the cycle the value once.
+// no chain is too long, in the same order as a nested walk would take.
+//
+// A multi-list may name itself (its members are looked up where they stand,
+// and it stands there already). Handing an item back to it goes on while the
+// item is shorter than the text it is handing on already: every such round
+// takes a shorter text, so it ends, as it always did. An item as long as that
+// text is that text again, and would be handed round for ever: the member
+// that leads back takes nothing then, and the other members take their items.
 
 namespace {
 
@@ -285,6 +290,7 @@ namespace {
 struct HandOn {
   toption *source;
   ShortStr text;
+  int32_t outer_length;  // the source's HandingOn before this round
   // A multi-list's items, as offset and length in `text`: the record moves as
   // the chain grows, and views into its own text would not move with it.
   std::vector<std::pair<size_t, size_t>> items;
@@ -330,15 +336,16 @@ void tmacrooption::AssignText(bool second, const ShortStr &text) {
 
 namespace {
 
-// The options of a chain that are handing on; out of memory on the way must
-// not leave one marked, or it would take no value ever after.
+// The rounds under way, innermost last. Out of memory on the way must not
+// leave an option marked as handing on, or it would refuse its own items ever
+// after: the marks are undone innermost first, as the walk would undo them.
 struct Chain : std::vector<HandOn> {
   Chain() = default;
   Chain(const Chain &) = delete;
   Chain &operator=(const Chain &) = delete;
   ~Chain() {
-    for (HandOn &link : *this)
-      link.source->HandingOn = false;
+    for (auto link = rbegin(); link != rend(); ++link)
+      link->source->HandingOn = link->outer_length;
   }
 };
 
@@ -347,14 +354,14 @@ struct Chain : std::vector<HandOn> {
 void HandOnValue(toption &start, const ShortStr &text) {
   Chain chain;
   auto begin = [&chain](toption &source, const ShortStr &value) {
-    chain.push_back({&source, value, {}, 0});
+    chain.push_back({&source, value, source.HandingOn, {}, 0});
     HandOn &top = chain.back();
     if (source.OptType == optTypeMultiList) {
       const std::string_view all = top.text.view();
       for (std::string_view item : SplitItems(all))
         top.items.emplace_back(static_cast<size_t>(item.data() - all.data()), item.size());
     }
-    source.HandingOn = true;
+    source.HandingOn = value.size();
   };
   begin(start, text);
   while (!chain.empty()) {
@@ -362,12 +369,12 @@ void HandOnValue(toption &start, const ShortStr &text) {
     toption *member = nullptr;
     ShortStr value;
     if (!top.Next(member, value)) {
-      top.source->HandingOn = false;
+      top.source->HandingOn = top.outer_length;
       chain.pop_back();
       continue;
     }
     ++top.next;
-    if (!member || member->HandingOn) continue;
+    if (!member || value.size() >= member->HandingOn) continue;
     if (HandsOn(*member) && member->SubType != optsubNoValue && CharPos('"', value) == 0) {
       begin(*member, value);  // `top` may move: it isn't used again in this pass
     } else {

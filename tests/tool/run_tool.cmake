@@ -3,8 +3,9 @@
 #   -DTOOL=path -DWORKDIR=dir -DSTATUS=n -DARGS=a|b|c
 #   -DSTDOUT=file          standard output must equal this file
 #   -DREADME=file          standard output must equal the README's main-job output
-#   -DSTDERR_HAS=text      standard error must contain this text
-#   -DSTDOUT_HAS=text      standard output must contain this text
+#   -DSTDERR_HAS=a|b       standard error must contain each of these texts
+#   -DSTDERR_LACKS=text    standard error must not contain this text
+#   -DSTDOUT_HAS=a|b       standard output must contain each of these texts
 string(REPLACE "|" ";" args "${ARGS}")
 execute_process(COMMAND ${TOOL} ${args}
   WORKING_DIRECTORY ${WORKDIR}
@@ -26,14 +27,26 @@ if(DEFINED README)
   endif()
 endif()
 if(DEFINED STDERR_HAS)
-  string(FIND "${err}" "${STDERR_HAS}" at)
-  if(at EQUAL -1)
-    message(FATAL_ERROR "standard error lacks \"${STDERR_HAS}\":\n${err}")
-  endif()
+  string(REPLACE "|" ";" wanted "${STDERR_HAS}")
+  foreach(text IN LISTS wanted)
+    string(FIND "${err}" "${text}" at)
+    if(at EQUAL -1)
+      message(FATAL_ERROR "standard error lacks \"${text}\":\n${err}")
+    endif()
+  endforeach()
 endif()
 if(DEFINED STDOUT_HAS)
-  string(FIND "${out}" "${STDOUT_HAS}" at)
-  if(at EQUAL -1)
-    message(FATAL_ERROR "standard output lacks \"${STDOUT_HAS}\":\n${out}")
+  string(REPLACE "|" ";" wanted "${STDOUT_HAS}")
+  foreach(text IN LISTS wanted)
+    string(FIND "${out}" "${text}" at)
+    if(at EQUAL -1)
+      message(FATAL_ERROR "standard output lacks \"${text}\":\n${out}")
+    endif()
+  endforeach()
+endif()
+if(DEFINED STDERR_LACKS)
+  string(FIND "${err}" "${STDERR_LACKS}" at)
+  if(NOT at EQUAL -1)
+    message(FATAL_ERROR "standard error holds \"${STDERR_LACKS}\":\n${err}")
   endif()
 endif()

@@ -1,144 +1,213 @@
 // optkw check: read a definition and parameter sources, report what the
-// library said and what is set.
-#include <cstdio>
+// library said, where, and what is set.
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "check_report.h"
 #include "client.h"
 #include "commands.h"
+#include "definition_model.h"
+#include "hints.h"
+#include "safe_writer.h"
 
 namespace optkw_tool {
 namespace {
 
-struct Source {
-  enum class Kind { kFile, kString, kCommandLine };
-  Kind kind;
-  std::string text;  // the file name, or the parameter text itself
-};
-
-struct Settings {
-  bool echo = false;
-  bool no_bounds = false;
-  std::optional<int> eol_only;
-};
+enum class Format { kText, kJson, kSarif };
 
 struct CheckRequest {
   std::string definition;
   std::vector<Source> sources;
   Settings settings;
   std::optional<std::string> write_to;  // "-" for standard output
+  Format format = Format::kText;
+  TextStyle style;
+  std::optional<std::string> explain;
+  bool changed = false;
 };
 
-void ApplySettings(optHandle_t h, const Settings &settings) {
-  if (settings.echo) optEchoSet(h, 1);
-  if (settings.no_bounds) optNoBoundsSet(h, 1);
-  if (settings.eol_only) optEOLOnlySet(h, *settings.eol_only);
-}
-
-// Reads one source; gives false when it was a file that couldn't be opened.
-bool ReadSource(optHandle_t h, const Source &source) {
+// The name a source has in the library's brackets.
+std::string BracketName(const Source &source) {
   switch (source.kind) {
     case Source::Kind::kFile:
-      return coptReadParameterFile(h, source.text.c_str()) == 0;
+      return source.text;
     case Source::Kind::kString:
-      if (source.text.size() <= 255) {
-        // The counted form takes any 255 bytes as they stand.
-        char counted[OPTKW_STRBUF_SIZE];
-        counted[0] = static_cast<char>(source.text.size());
-        source.text.copy(counted + 1, source.text.size());
-        optReadFromStr(h, counted);
-      } else {
-        optReadFromPChar(h, source.text.c_str());
-      }
-      return true;
+      return source.text.size() <= 255 ? "string" : "pchar";
     case Source::Kind::kCommandLine:
-      optReadFromCmdLine(h, source.text.c_str());
-      return true;
+      return "command line";
   }
-  return true;
+  return source.text;
 }
 
-// "name = value" for every option that is set, with both values of a
-// two-valued option and every entry of a string list.
-void PrintOptionsSet(optHandle_t h, std::FILE *out) {
-  std::fputs("Options set:\n", out);
-  int shown = 0;
+std::vector<OptionSet> OptionsSet(optHandle_t h) {
+  std::vector<OptionSet> options;
   for (int nr = 1; nr <= optCount(h); ++nr) {
     int defined, recent, ref, data_type, type, subtype;
     optGetInfoNr(h, nr, &defined, &recent, &ref, &data_type, &type, &subtype);
     if (defined == 0) continue;
-    char name[OPTKW_STRBUF_SIZE], key[OPTKW_STRBUF_SIZE], help[OPTKW_STRBUF_SIZE];
-    char value[OPTKW_STRBUF_SIZE];
+    char name[OPTKW_STRBUF_SIZE];
     coptGetNameNr(h, nr, name);
-    ++shown;
-    if (type == optTypeStrList) {
-      coptGetHelpNr(h, nr, key, help);
-      const int count = coptListCountStr(h, key);
-      std::fprintf(out, "  %s =", name);
-      for (int k = 1; k <= count; ++k) {
-        coptReadFromListStr(h, key, k, value);
-        std::fprintf(out, "%s \"%s\"", k > 1 ? "," : "", value);
-      }
-      std::fputc('\n', out);
-    } else if (subtype == optsubNoValue) {
-      std::fprintf(out, "  %s\n", name);
-    } else {
-      coptGetStrNr(h, nr, value);
-      std::fprintf(out, "  %s = %s", name, value);
-      if (subtype == optsub2Values) {
-        coptGetStr2Nr(h, nr, value);
-        std::fprintf(out, " %s", value);
-      }
-      std::fputc('\n', out);
+    options.push_back({name, ValueText(h, nr), type != optTypeStrList && subtype == optsubNoValue});
+  }
+  return options;
+}
+
+bool WantsHints(const std::vector<SourceRun> &runs) {
+  for (const SourceRun &run : runs)
+    for (const Diagnostic &d : run.diagnostics)
+      if (BareText(d.text, d.type).rfind("Unknown ", 0) == 0) return true;
+  return false;
+}
+
+DefinitionModel ModelOf(const std::string &definition) {
+  Handle described;
+  coptReadDefinition(described.get(), definition.c_str());
+  optClearMessages(described.get());
+  return DescribeDefinition(described.get());
+}
+
+void AddAllHints(CheckReport &report) {
+  const bool unknown_name = report.explain_name && !report.explained;
+  if (!WantsHints(report.runs) && !unknown_name) return;
+  const DefinitionModel model = ModelOf(report.definition);
+  for (SourceRun &run : report.runs)
+    AddHints(run.diagnostics, model);
+  if (unknown_name) report.explain_hint = NameHint(*report.explain_name, model);
+}
+
+class CheckRunner {
+ public:
+  explicit CheckRunner(const CheckRequest &request) : request_(request) {}
+
+  int Run() {
+    optHandle_t h = handle_.get();
+    ApplySettings(h, request_.settings);
+    report_.definition = request_.definition;
+    bool all_opened = coptReadDefinition(h, request_.definition.c_str()) <= 0;
+    report_.runs.push_back(DrainMessages(h, request_.definition, request_.definition, true));
+    if (all_opened) {
+      for (const Source &source : request_.sources)
+        all_opened = ReadOne(source) && all_opened;
+    }
+    if (all_opened && request_.write_to) all_opened = Write();
+    Conclude();
+    AddAllHints(report_);
+    Print();
+    if (!all_opened) return kUsageOrFile;
+    if (request_.explain && !report_.explained) return kUsageOrFile;
+    if (report_.summary.incomplete) return kIncomplete;
+    return report_.summary.errors > 0 ? kErrors : kClean;
+  }
+
+ private:
+  bool Tracing() const { return request_.explain || request_.changed; }
+
+  // Prepares a further handle: the definition read, the settings applied.
+  std::function<void(optHandle_t)> Preparer(bool with_settings) const {
+    return [this, with_settings](optHandle_t other) {
+      coptReadDefinition(other, request_.definition.c_str());
+      if (with_settings)
+        ApplySettings(other, {false, request_.settings.no_bounds, request_.settings.eol_only});
+      optClearMessages(other);
+    };
+  }
+
+  bool ReadOne(const Source &source) {
+    optHandle_t h = handle_.get();
+    const Snapshot before = Tracing() ? TakeSnapshot(h) : Snapshot();
+    const bool opened = ReadSource(h, source);
+    const bool is_file = source.kind == Source::Kind::kFile;
+    SourceRun run = DrainMessages(h, source.Label(), BracketName(source), is_file);
+    run.opened = opened;
+    AddLeadingBytesHints(run);
+    report_.runs.push_back(std::move(run));
+    if (Tracing()) NoteOrigins(source, SetBetween(before, TakeSnapshot(h)));
+    return opened;
+  }
+
+  void NoteOrigins(const Source &source, const std::vector<int> &set) {
+    if (set.empty()) return;
+    std::map<int, Origin> lines;
+    if (source.kind == Source::Kind::kFile)
+      lines = AttributeLines(source.text, set, Preparer(true));
+    for (int nr : set) {
+      const auto line = lines.find(nr);
+      origins_[nr] = line == lines.end() ? Origin{source.Label(), 0} : line->second;
     }
   }
-  if (shown == 0) std::fputs("  (none)\n", out);
-}
 
-const char *Plural(int n, const char *one, const char *many) {
-  return n == 1 ? one : many;
-}
-
-int RunCheck(const CheckRequest &request) {
-  Handle handle;
-  optHandle_t h = handle.get();
-  ApplySettings(h, request.settings);
-  const bool to_stdout = request.write_to == "-";
-  // With the parameter text on standard output, the report goes to standard error.
-  std::FILE *report = to_stdout ? stderr : stdout;
-
-  bool all_opened = coptReadDefinition(h, request.definition.c_str()) <= 0;
-  if (all_opened) {
-    for (const Source &source : request.sources)
-      all_opened = ReadSource(h, source) && all_opened;
-  }
-  if (all_opened && request.write_to) {
-    all_opened = coptWriteParameterFile(h, to_stdout ? "" : request.write_to->c_str()) == 0;
+  bool Write() {
+    const bool to_stdout = request_.write_to == "-";
+    WriteResult written =
+        WriteAndVerify(handle_.get(), to_stdout ? "" : *request_.write_to, Preparer(false));
+    report_.write_warnings = written.warnings;
+    SourceRun run = DrainMessages(handle_.get(), "--write", *request_.write_to, true);
+    if (!run.diagnostics.empty()) report_.runs.push_back(std::move(run));
+    return written.ok;
   }
 
-  for (const Message &message : MessagesFrom(h, 1))
-    std::fprintf(report, "%s\n", message.text.c_str());
-  PrintOptionsSet(h, report);
-  int errors = 0, warnings = 0;
-  optErrorCount(h, &errors, &warnings);
-  std::fprintf(report, "%d %s, %d %s\n", errors, Plural(errors, "error", "errors"), warnings,
-               Plural(warnings, "warning", "warnings"));
-  std::fflush(report);
-  if (!all_opened) return kUsageOrFile;
-  return errors > 0 ? kErrors : kClean;
-}
+  void Conclude() {
+    optHandle_t h = handle_.get();
+    for (const SourceRun &run : report_.runs)
+      if (auto overflow = FindOverflow(run)) report_.overflows.push_back(*overflow);
+    report_.options_set = OptionsSet(h);
+    if (Tracing()) Explain();
+    report_.summary = Summarise(report_.runs, !report_.overflows.empty());
+  }
+
+  void Explain() {
+    Handle defaults;
+    Preparer(false)(defaults.get());
+    optHandle_t h = handle_.get();
+    if (request_.explain) {
+      report_.explain_name = request_.explain;
+      int nr = -1, ref = -1;
+      if (coptFindStr(h, request_.explain->c_str(), &nr, &ref) != 0 && nr > 0)
+        report_.explained = ReportOption(h, defaults.get(), nr, origins_);
+    }
+    if (request_.changed) {
+      report_.changed.emplace();
+      for (int nr = 1; nr <= optCount(h); ++nr) {
+        OptionReport option = ReportOption(h, defaults.get(), nr, origins_);
+        if (option.changed) report_.changed->push_back(option);
+      }
+    }
+  }
+
+  void Print() const {
+    // With the parameter text on standard output, the report goes to standard error.
+    std::FILE *out = request_.write_to == "-" ? stderr : stdout;
+    switch (request_.format) {
+      case Format::kText:
+        PrintText(report_, request_.style, out);
+        break;
+      case Format::kJson:
+        std::fputs(JsonReport(report_).c_str(), out);
+        break;
+      case Format::kSarif:
+        std::fputs(SarifReport(report_).c_str(), out);
+        break;
+    }
+    std::fflush(out);
+  }
+
+  const CheckRequest &request_;
+  Handle handle_;
+  CheckReport report_;
+  std::map<int, Origin> origins_;
+};
 
 // The command line as the user wrote it: files and texts are read in the
 // order in which they stand, so sources are gathered by their parse order.
 struct CheckArguments {
   CheckRequest request;
   std::vector<std::string> files, strings, command_lines;
-  std::string write_to;
-  std::string eol_only;
+  std::string write_to, eol_only, format = "text", explain;
   CLI::Option *files_option = nullptr, *string_option = nullptr, *command_line_option = nullptr;
-  CLI::Option *write_option = nullptr, *eol_option = nullptr;
+  CLI::Option *write_option = nullptr, *eol_option = nullptr, *explain_option = nullptr;
 
   std::vector<Source> SourcesInOrder(const CLI::App &command) const {
     std::vector<Source> sources;
@@ -154,7 +223,61 @@ struct CheckArguments {
     }
     return sources;
   }
+
+  CheckRequest Request(const CLI::App &command) const {
+    CheckRequest result = request;
+    result.sources = SourcesInOrder(command);
+    if (eol_option->count() > 0) result.settings.eol_only = eol_only == "1" ? 1 : 0;
+    if (write_option->count() > 0) result.write_to = write_to;
+    if (explain_option->count() > 0) result.explain = explain;
+    result.format = format == "json"    ? Format::kJson
+                    : format == "sarif" ? Format::kSarif
+                                        : Format::kText;
+    return result;
+  }
 };
+
+void AddSourceOptions(CLI::App *command, CheckArguments &args) {
+  command->add_option("DEF", args.request.definition, "the option definition file")->required();
+  args.files_option = command->add_option("PARAMFILE", args.files, "parameter files to read");
+  args.string_option = command->add_option("-s", args.strings, "parameter text to read")
+                           ->type_name("TEXT")
+                           ->allow_extra_args(false);
+  args.command_line_option =
+      command
+          ->add_option("-c", args.command_lines,
+                       "a command line to read: each value is one token, so \"a=1 b=2\" sets both")
+          ->type_name("CMDLINE")
+          ->allow_extra_args(false);
+  command->add_flag("--echo", args.request.settings.echo,
+                    "echo every line read among the messages");
+  command->add_flag("--no-bounds", args.request.settings.no_bounds,
+                    "accept values out of range with warnings, not errors");
+  args.eol_option =
+      command
+          ->add_option("--eol-only", args.eol_only,
+                       "1 (the default): a value in a file or -s text runs to the end of its "
+                       "line; 0: a value is one token, so a line may hold several")
+          ->check(CLI::IsMember({"0", "1"}));
+}
+
+void AddReportOptions(CLI::App *command, CheckArguments &args) {
+  args.write_option = command->add_option(
+      "--write", args.write_to,
+      "write what is set as a parameter file afterwards, and warn about values that won't read "
+      "back as they were; \"-\" writes it to standard output, and the report then goes to "
+      "standard error");
+  command->add_option("--format", args.format, "text (the default), json or sarif")
+      ->check(CLI::IsMember({"text", "json", "sarif"}));
+  command->add_flag("--locations", args.request.style.locations,
+                    "text: put FILE:LINE: before each message of a file");
+  args.explain_option = command->add_option(
+      "--explain", args.explain, "show the value, the default and the source that set option NAME");
+  args.explain_option->type_name("NAME");
+  command->add_flag("--changed", args.request.changed,
+                    "list the options whose value differs from the default, with the source "
+                    "that set each");
+}
 
 }  // namespace
 
@@ -165,37 +288,15 @@ void AddCheckCommand(CLI::App &app, int &status) {
   command->footer(
       "Reads the definition DEF, then every source in the order given: parameter files, "
       "parameter text (-s TEXT) and command lines (-c CMDLINE). Prints every message of the "
-      "library, then the options that are set with their values, then a count of errors and "
-      "warnings.\n");
-  command->add_option("DEF", args->request.definition, "the option definition file")->required();
-  args->files_option = command->add_option("PARAMFILE", args->files, "parameter files to read");
-  args->string_option = command->add_option("-s", args->strings, "parameter text to read")
-                            ->type_name("TEXT")
-                            ->allow_extra_args(false);
-  args->command_line_option =
-      command->add_option("-c", args->command_lines, "a command line to read")
-          ->type_name("CMDLINE")
-          ->allow_extra_args(false);
-  command->add_flag("--echo", args->request.settings.echo,
-                    "echo every line read among the messages");
-  command->add_flag("--no-bounds", args->request.settings.no_bounds,
-                    "accept values out of range with warnings, not errors");
-  args->eol_option =
-      command
-          ->add_option("--eol-only", args->eol_only,
-                       "1 (the default): a value runs to the end of its line; 0: a value is one "
-                       "token, so a line may hold several")
-          ->check(CLI::IsMember({"0", "1"}));
-  args->write_option = command->add_option(
-      "--write", args->write_to,
-      "write what is set as a parameter file afterwards; \"-\" writes it to standard output, "
-      "and the report then goes to standard error");
+      "library, hints of its own (\"hint: \"), then the options that are set with their values, "
+      "then the library's count of error and warning lines and the number of statements with "
+      "a mistake. Exit status 3 tells that a message queue overflowed and the report is "
+      "incomplete.\n");
+  AddSourceOptions(command, *args);
+  AddReportOptions(command, *args);
   command->callback([args, command, &status] {
-    CheckRequest request = args->request;
-    request.sources = args->SourcesInOrder(*command);
-    if (args->eol_option->count() > 0) request.settings.eol_only = args->eol_only == "1" ? 1 : 0;
-    if (args->write_option->count() > 0) request.write_to = args->write_to;
-    status = RunCheck(request);
+    const CheckRequest request = args->Request(*command);
+    status = CheckRunner(request).Run();
   });
 }
 

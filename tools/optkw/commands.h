@@ -7,8 +7,9 @@
 namespace optkw_tool {
 
 // Exit status: 0 no errors, 1 errors in the texts read, 2 a usage fault or a
-// file that can't be opened.
-enum ExitStatus { kClean = 0, kErrors = 1, kUsageOrFile = 2 };
+// file that can't be opened, 3 a message queue that overflowed, so that the
+// report is incomplete.
+enum ExitStatus { kClean = 0, kErrors = 1, kUsageOrFile = 2, kIncomplete = 3 };
 
 // Each adds its subcommand to `app`; when the subcommand is chosen, its run
 // stores the exit status in `status`.

@@ -60,8 +60,8 @@ int OptionEntry(optHandle_t h, const HelpRequest &request, int nr) {
 int UnknownName(optHandle_t h, const HelpRequest &request) {
   std::fprintf(stderr, "optkw: %s defines no option or synonym \"%s\"\n",
                request.definition.c_str(), request.request.c_str());
-  for (const std::string &hint : SuggestNames(h, request.request))
-    std::fprintf(stderr, "hint: did you mean \"%s\"?\n", hint.c_str());
+  const std::string hint = SuggestNames(h, request.request);
+  if (!hint.empty()) std::fprintf(stderr, "hint: %s\n", hint.c_str());
   return kErrors;
 }
 

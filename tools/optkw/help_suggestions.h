@@ -8,8 +8,8 @@
 
 namespace optkw_tool {
 
-// The names of options and synonyms of `h` closest to `name`, best first, at
-// most three.
-std::vector<std::string> SuggestNames(optHandle_t h, const std::string &name);
+// "did you mean ...?" with the names of options and synonyms of `h` closest to
+// `name`; empty when none is close.
+std::string SuggestNames(optHandle_t h, const std::string &name);
 
 }  // namespace optkw_tool
