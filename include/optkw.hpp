@@ -32,8 +32,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <new>
 #include <optional>
+#include <ostream>
 #include <random>
 #include <string>
 #include <string_view>
@@ -42,6 +45,7 @@
 #include <vector>
 
 #include "optkw.h"
+#include "optkw_suggest.hpp"
 
 namespace optkw {
 
@@ -72,6 +76,30 @@ enum class MessageType : int {
   TooManyMessages = optMsgTooManyMsgs,
   UserError = optMsgUserError,
 };
+
+/// The keyword of an option type, as definition text spells it ("integer").
+inline const char *to_string(OptionType type) noexcept {
+  static const char *const names[] = {"integer", "double",    "string",  "boolean", "enumstr",
+                                      "enumint", "multilist", "strlist", "macro",   "immediate"};
+  const int k = static_cast<int>(type);
+  return k >= 0 && k < 10 ? names[k] : "unknown";
+}
+inline std::ostream &operator<<(std::ostream &out, OptionType type) {
+  return out << to_string(type);
+}
+
+/// The name of a message type, as the C header spells it ("optMsgValueError").
+inline const char *to_string(MessageType type) noexcept {
+  static const char *const names[] = {"optMsgInputEcho",  "optMsgHelp",         "optMsgDefineError",
+                                      "optMsgValueError", "optMsgValueWarning", "optMsgDeprecated",
+                                      "optMsgFileEnter",  "optMsgFileLeave",    "optMsgTooManyMsgs",
+                                      "optMsgUserError"};
+  const int k = static_cast<int>(type);
+  return k >= 0 && k < 10 ? names[k] : "unknown";
+}
+inline std::ostream &operator<<(std::ostream &out, MessageType type) {
+  return out << to_string(type);
+}
 
 /// One message of the queue.
 struct Message {
@@ -199,12 +227,14 @@ class Options {
   Options(const Options &) = delete;
   Options &operator=(const Options &) = delete;
   /// Takes over the handle of `other`.
-  Options(Options &&other) noexcept : h_(std::exchange(other.h_, nullptr)) {}
+  Options(Options &&other) noexcept
+      : h_(std::exchange(other.h_, nullptr)), definitions_(std::move(other.definitions_)) {}
   /// Frees the own handle and takes over the handle of `other`.
   Options &operator=(Options &&other) noexcept {
     if (this != &other) {
       optFree(&h_);
       h_ = std::exchange(other.h_, nullptr);
+      definitions_ = std::move(other.definitions_);
     }
     return *this;
   }
@@ -221,6 +251,10 @@ class Options {
   bool read_definition(std::string_view path) {
     const int before = error_count();
     detail::check_open(optReadDefinition(h_, file_name(path).get()), path);
+    // Kept, so that changed() can ask a handle with nothing set for the defaults.
+    std::ifstream file{std::string(path), std::ios::binary};
+    definitions_.emplace_back(std::istreambuf_iterator<char>(file),
+                              std::istreambuf_iterator<char>());
     return error_count() == before;
   }
 
@@ -273,18 +307,21 @@ class Options {
     return error_count() == before;
   }
 
-  /// Reads a command line of any length, e.g. "maxiter=50 mode=full". While eol_only is on
-  /// (the default) a value runs to the end of the text: call set_eol_only(false) first for a
-  /// line with several options. Returns true when the read added no error message.
+  /// Reads a command line of any length, e.g. "maxiter=50 mode=full": each value is one
+  /// token (a value with blanks stands in double quotes), so a line holds any number of
+  /// options, whatever set_eol_only() says for other sources. A key that begins with "--"
+  /// and names no option adds its value to a string list of that name ("--tag x").
+  /// Returns true when the read added no error message.
   bool read_command_line(std::string_view text) {
     const int before = error_count();
+    const int former = optEOLOnlySet(h_, 0);
     optReadFromCmdLine(h_, std::string(text).c_str());
+    optEOLOnlySet(h_, former);
     return error_count() == before;
   }
 
   /// Writes what is set as a parameter file to `path` (standard output for an empty name).
-  /// Throws FileError when the file can't be opened; a failure while writing comes from the
-  /// library as a std::system_error.
+  /// Throws FileError when the file can't be opened or a write fails (a full disk).
   void write_parameter_file(std::string_view path) {
     detail::check_open(optWriteParameterFile(h_, file_name(path).get()), path);
   }
@@ -459,8 +496,91 @@ class Options {
     if (!text.fits() || type < 0 || type == optTypeImmediate) return false;
     return optSetStrNr(h_, nr, text.get()) != 0;
   }
+  /// Both values of an option that takes two (".TWO" in the definition).
+  std::optional<std::pair<int, int>> get_int_pair(OptionRef option) const {
+    const int nr = number(option);
+    int first = 0, second = 0;
+    if (optGetIntNr(h_, nr, &first) == 0 || optGetInt2Nr(h_, nr, &second) == 0) return std::nullopt;
+    return std::pair{first, second};
+  }
+  std::optional<std::pair<double, double>> get_double_pair(OptionRef option) const {
+    const int nr = number(option);
+    double first = 0, second = 0;
+    if (optGetDblNr(h_, nr, &first) == 0 || optGetDbl2Nr(h_, nr, &second) == 0) return std::nullopt;
+    return std::pair{first, second};
+  }
+  std::optional<std::pair<std::string, std::string>> get_text_pair(OptionRef option) const {
+    const int nr = number(option);
+    detail::CountedOut first, second;
+    if (optGetStrNr(h_, nr, first.get()) == 0 || optGetStr2Nr(h_, nr, second.get()) == 0)
+      return std::nullopt;
+    return std::pair{first.str(), second.str()};
+  }
+  /// Sets both values of an option that takes two; false as for set_int(), and for an option
+  /// that takes one value.
+  bool set_int_pair(OptionRef option, int first, int second) {
+    const int nr = number(option);
+    return two_values(nr) && (optSetIntNr(h_, nr, first) & optSetInt2Nr(h_, nr, second)) != 0;
+  }
+  bool set_double_pair(OptionRef option, double first, double second) {
+    const int nr = number(option);
+    return two_values(nr) && (optSetDblNr(h_, nr, first) & optSetDbl2Nr(h_, nr, second)) != 0;
+  }
+  bool set_text_pair(OptionRef option, std::string_view first, std::string_view second) {
+    const int nr = number(option);
+    const detail::CountedIn one(first), two(second);
+    return two_values(nr) && one.fits() && two.fits() &&
+           (optSetStrNr(h_, nr, one.get()) & optSetStr2Nr(h_, nr, two.get())) != 0;
+  }
   /// Unsets an option: it has its default again. False for an unknown option.
   bool reset(OptionRef option) { return optResetNr(h_, number(option)) != 0; }
+
+  /// The type of an option.
+  std::optional<OptionType> option_type(OptionRef option) const {
+    const int type = kind(number(option)).second;
+    if (type < 0) return std::nullopt;
+    return static_cast<OptionType>(type);
+  }
+
+  /// The numbers of the options whose effective value differs from their default (a
+  /// string list: that holds entries), in the order of the definition.
+  /// Numbers refer to this handle; an option made by parameter text (a "--" key) counts
+  /// when its list holds entries.
+  std::vector<int> changed() const {
+    Options defaults;
+    for (const std::string &text : definitions_)
+      defaults.read_definition_text(text);
+    std::vector<int> numbers;
+    for (int nr = 1; nr <= count(); ++nr) {
+      if (differs_from(defaults, nr)) numbers.push_back(nr);
+    }
+    return numbers;
+  }
+
+  // ---- Suggestions: what a user may have meant (optkw_suggest.hpp) ----------------------
+
+  /// Names of options and synonyms close to `name`, the nearest first; at most three.
+  std::vector<std::string> suggest(std::string_view name) const {
+    std::vector<std::string> names;
+    for (int nr = 1; nr <= count(); ++nr) {
+      detail::CountedOut option_name;
+      optGetNameNr(h_, nr, option_name.get());
+      if (option_name.str().rfind('.', 0) != 0) names.push_back(option_name.str());
+    }
+    for (int pos = 1; pos <= optSynonymCount(h_); ++pos) {
+      detail::CountedOut synonym, target;
+      optGetSynonym(h_, pos, synonym.get(), target.get());
+      names.push_back(synonym.str());
+    }
+    return ClosestNames(name, names);
+  }
+  /// Values of an enumerated option close to `text`, the nearest first; at most three.
+  std::vector<std::string> suggest_value(OptionRef option, std::string_view text) const {
+    std::vector<std::string> values;
+    for (const EnumValue &value : enum_values(option))
+      values.push_back(value.text);
+    return ClosestNames(text, values);
+  }
 
   // ---- Resets and switches --------------------------------------------------------------
 
@@ -497,6 +617,22 @@ class Options {
     optGetInfoNr(h_, nr, &defined, &recent, &ref_nr, &data, &type, &sub_type);
     return {data, type};
   }
+  bool two_values(int nr) const {
+    int defined = 0, recent = 0, ref_nr = 0, data = -1, type = -1, sub_type = -1;
+    optGetInfoNr(h_, nr, &defined, &recent, &ref_nr, &data, &type, &sub_type);
+    return sub_type == optsub2Values;
+  }
+  // Whether option `nr` holds another value than in `defaults`, where nothing is set.
+  bool differs_from(const Options &defaults, int nr) const {
+    const auto type = kind(nr).second;
+    if (type == optTypeStrList) {
+      const auto list = get_list(nr);
+      return list && !list->empty();
+    }
+    if (type < 0 || type > optTypeEnumInt || nr > defaults.count()) return false;
+    return get_text(nr) != defaults.get_text(nr) ||
+           (two_values(nr) && get_text_pair(nr) != defaults.get_text_pair(nr));
+  }
   std::pair<int, int> counts() const {
     int errors = 0, warnings = 0;
     optErrorCount(h_, &errors, &warnings);
@@ -510,6 +646,7 @@ class Options {
   }
 
   optHandle_t h_ = nullptr;
+  std::vector<std::string> definitions_;  // every definition text read, in order
 };
 
 }  // namespace optkw

@@ -81,6 +81,18 @@ TEST(HostSafety, MemberChainsThatComeBackStopThere) {
   EXPECT_EQ(c.Int("x"), 2);
   EXPECT_TRUE(c.Messages().empty());
   c.ExpectUsable();
+  // A shorter item handed back is split and handed on again, as it always was.
+  Client n;
+  ASSERT_EQ(n.DefineFile(TempDir().Write("back.def", std::string(kTarget) +
+                                                         "n multilist 1 1 1 x first, then itself\n"
+                                                         " x n\n")),
+            0);
+  n.Read("n 3:4:5");
+  EXPECT_EQ(n.Int("x"), 4);
+  EXPECT_EQ(n.Messages(),
+            (std::vector<std::string>{"Reading parameter(s) from \"pchar\"",
+                                      "*** Value Error Too many items for multilist \"n\"",
+                                      "Finished reading from \"pchar\""}));
 }
 
 TEST(HostSafety, ListsInsideListsKeepTheOuterItems) {

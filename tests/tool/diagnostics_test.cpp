@@ -2,6 +2,8 @@
 // belongs, what it names, and the hints drawn from a definition.
 #include <gtest/gtest.h>
 
+#include "optkw_suggest.hpp"
+
 #include "diagnostics.h"
 #include "hints.h"
 
@@ -72,15 +74,22 @@ TEST(Locate, TakesAFailedOpenAsOneMistakeAndLeavesOddTextsAlone) {
   EXPECT_EQ(BareText(located[0].text, 9), "Cannot open parameter file \"no.opt\"");
 }
 
-TEST(ClosestCandidate, FindsSlipsAndAbbreviationsButNotStrangers) {
+TEST(ClosestNames, FindsSlipsAndAbbreviationsButNotStrangers) {
   const std::vector<std::string> names = {"threads", "iteration_limit", "major iter limit"};
-  EXPECT_EQ(ClosestCandidate("thraeds", names), "threads");
-  EXPECT_EQ(ClosestCandidate("THREADS", names), "threads");
-  EXPECT_EQ(ClosestCandidate("iteration_limt", names), "iteration_limit");
-  EXPECT_EQ(ClosestCandidate("it_lim", names), "iteration_limit");
-  EXPECT_EQ(ClosestCandidate("major_iter_limit", names), "major iter limit");
-  EXPECT_EQ(ClosestCandidate("seed", names), std::nullopt);
-  EXPECT_EQ(ClosestCandidate("7", {"0", "1", "101"}), std::nullopt);
+  using List = std::vector<std::string>;
+  EXPECT_EQ(optkw::ClosestNames("thraeds", names), List{"threads"});
+  EXPECT_EQ(optkw::ClosestNames("THREADS", names), List{});  // the name itself
+  EXPECT_EQ(optkw::ClosestNames("iteration_limt", names), List{"iteration_limit"});
+  EXPECT_EQ(optkw::ClosestNames("it_lim", names), List{"iteration_limit"});
+  EXPECT_EQ(optkw::ClosestNames("major_iter_limit", names), List{"major iter limit"});
+  EXPECT_EQ(optkw::ClosestNames("seed", names), List{});
+  EXPECT_EQ(optkw::ClosestNames("7", {"0", "1", "101"}), List{});
+  // Nearest first, ties in the order given, three at most, no repeats.
+  EXPECT_EQ(optkw::ClosestNames("tol", {"tolx", "TOL2", "tola", "tolb", "tolx"}),
+            (List{"tolx", "TOL2", "tola"}));
+  EXPECT_EQ(optkw::DidYouMean({"a", "b", "c"}), "did you mean \"a\", \"b\" or \"c\"?");
+  EXPECT_EQ(optkw::DidYouMean({"a"}), "did you mean \"a\"?");
+  EXPECT_EQ(optkw::DidYouMean({}), "");
 }
 
 TEST(AddHints, NamesAnOptionOrAValueAndNothingElse) {
