@@ -336,9 +336,8 @@ void tmacrooption::AssignText(bool second, const ShortStr &text) {
 
 namespace {
 
-// The rounds under way, innermost last. Out of memory on the way must not
-// leave an option marked as handing on, or it would refuse its own items ever
-// after: the marks are undone innermost first, as the walk would undo them.
+// The options of a chain that are handing on; out of memory on the way must
+// not leave one marked, or it would take no value ever after.
 struct Chain : std::vector<HandOn> {
   Chain() = default;
   Chain(const Chain &) = delete;
