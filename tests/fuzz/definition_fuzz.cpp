@@ -32,9 +32,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     optGetEnumCount(db, nr, count);
     for (int32_t k = 1; k <= count; ++k)
       optGetEnumHelp(db, nr, k, hc, help);
-    // Values as text reach every type's rules, and every option is written.
-    optSetStrNr(db, nr, "1");
-    optSetStr2Nr(db, nr, "x");
+    // Values as text reach every type's rules, by number and by name (through
+    // the lookup method of the definition), and every option is written.
+    static const char *const kValues[] = {"1", "x", "0:2:3", "maxint", "-1e300", "", "yes"};
+    for (const char *value : kValues) {
+      optSetStrNr(db, nr, value);
+      optSetStr2Nr(db, nr, value);
+    }
+    optSetValuesNr(db, nr, 7, 0.5, "a:b");
+    optReadFromPChar(db, (std::string(name.view()) + " 2:1").c_str());
   }
   optWriteParameterFile(db, "/dev/null");
   optResetAll(db);
