@@ -37,6 +37,14 @@
 
 #include "optkw_constants.h"
 
+/* The release of this header. Its major number is the interface version
+ * (OPTKW_API_VERSION, in optkw_constants.h) that a client passes to
+ * xapiversion, and the number in the shared object's name (liboptkw.so.2). */
+#define OPTKW_VERSION_MAJOR 2
+#define OPTKW_VERSION_MINOR 0
+#define OPTKW_VERSION_PATCH 0
+#define OPTKW_VERSION_STRING "2.0.0"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
