@@ -81,15 +81,9 @@ int32_t tvlmoptions::LookUpPosition(std::string_view name) const {
     case LookupMethod::kNormal:
       return Options.IndexOf(name);
     case LookupMethod::kPath:
-      for (int32_t i = 0; i < Options.Count(); ++i) {
-        if (NameMatchPath(name, Options.Key(i))) return i;
-      }
-      return -1;
+      return abbreviations_.Find(Options, name, NameMatchPath);
     case LookupMethod::kMinos:
-      for (int32_t i = 0; i < Options.Count(); ++i) {
-        if (NameMatchMinos(name, Options.Key(i))) return i;
-      }
-      return -1;
+      return abbreviations_.Find(Options, name, NameMatchMinos);
   }
   return -1;  // an unknown method finds nothing
 }

@@ -14,6 +14,7 @@
 #include "containers/heap_str.h"
 #include "containers/short_str.h"
 #include "containers/string_lists.h"
+#include "database/abbreviation_index.h"
 #include "database/message_queue.h"
 #include "database/options.h"
 #include "database/stores.h"
@@ -95,6 +96,11 @@ class tvlmoptions : public toptionx {
   CharSet EolCommChars;
   ShortStr Separator{"="};
   ShortStr FStringQuote;
+
+ private:
+  // The candidates of an abbreviated name, so that Path and Minos lookups
+  // don't walk every option; it catches up with Options as they grow.
+  mutable AbbreviationIndex abbreviations_;
 };
 
 }  // namespace optkw

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <memory>
+#include <random>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -501,6 +503,52 @@ TEST(DatabaseCore, ConstantNamesNameNumberTextsAndMacros) {
   EXPECT_TRUE(optResetStr(h.db, "outer"));
   optGetDefinedNr(h.db, 2, defined);
   EXPECT_EQ(defined, 0);
+}
+
+}  // namespace
+}  // namespace optkw::test
+
+namespace optkw::test {
+namespace {
+
+// The abbreviation index gives the position that a walk over every option
+// gives, for random names over a small alphabet (short words, "_", case), as
+// options are added, and whichever of the two methods is in force.
+TEST(AbbreviationIndex, AgreesWithAWalkOverEveryOption) {
+  std::mt19937 random(7);
+  const std::string letters = "abAB_c";
+  auto name = [&](int most) {
+    std::string text;
+    for (int k = static_cast<int>(random() % most); k > 0; --k)
+      text += letters[random() % letters.size()];
+    return text;
+  };
+  long compared = 0;
+  for (int round = 0; round < 40; ++round) {
+    ShortStr message;
+    tvlmoptions db(message);
+    for (int k = 0; k < 60; ++k) {
+      db.AddOption(std::make_unique<tstrlistoption>(name(9), &db, 0, 0, 0, ""));
+      for (int ask = 0; ask < 40; ++ask) {
+        std::string wanted = name(9);
+        if (random() % 2 && db.Options.Count() > 0) {  // a variant of a name that exists
+          wanted = std::string(db.Options.Key(static_cast<int32_t>(random() % db.Options.Count())));
+          for (char &c : wanted)
+            if (random() % 4 == 0) c = letters[random() % letters.size()];
+        }
+        for (auto method : {LookupMethod::kPath, LookupMethod::kMinos}) {
+          db.LookupCode = method;
+          const auto matches = method == LookupMethod::kPath ? NameMatchPath : NameMatchMinos;
+          int32_t walked = -1;
+          for (int32_t i = 0; i < db.Options.Count() && walked < 0; ++i)
+            if (matches(wanted, db.Options.Key(i))) walked = i;
+          ASSERT_EQ(db.LookUpPosition(wanted), walked) << wanted;
+          ++compared;
+        }
+      }
+    }
+  }
+  EXPECT_EQ(compared, 40 * 60 * 40 * 2);
 }
 
 }  // namespace
