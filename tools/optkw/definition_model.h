@@ -65,6 +65,9 @@ DefinitionModel DescribeDefinition(optHandle_t h);
 
 std::string ExportJson(const DefinitionModel &model);
 std::string ExportMarkdown(const DefinitionModel &model);
+// `prefix` begins every constant, e.g. KESTREL.
+std::string ExportCHeader(const DefinitionModel &model, const std::string &prefix);
+std::string ExportJsonSchema(const DefinitionModel &model);
 
 const char *TypeName(int type);
 const char *SubtypeName(int subtype);

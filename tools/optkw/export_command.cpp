@@ -234,8 +234,28 @@ namespace {
 
 struct ExportRequest {
   std::string definition;
-  std::string format;  // "json" or "markdown"
+  std::string format;  // "json", "markdown", "c-header" or "json-schema"
+  std::string prefix;  // of the C constants; from the definition's file name if empty
 };
+
+// KESTREL for ".../kestrel.def".
+std::string DefaultPrefix(const std::string &definition) {
+  std::string stem = definition.substr(definition.find_last_of('/') + 1);
+  stem = stem.substr(0, stem.find('.'));
+  std::string prefix;
+  for (unsigned char c : stem)
+    prefix += std::isalnum(c) ? static_cast<char>(std::toupper(c)) : '_';
+  return prefix.empty() || std::isdigit(static_cast<unsigned char>(prefix[0])) ? "OPTIONS" + prefix
+                                                                               : prefix;
+}
+
+std::string Render(const ExportRequest &request, const DefinitionModel &model) {
+  if (request.format == "json") return ExportJson(model);
+  if (request.format == "markdown") return ExportMarkdown(model);
+  if (request.format == "json-schema") return ExportJsonSchema(model);
+  return ExportCHeader(model,
+                       request.prefix.empty() ? DefaultPrefix(request.definition) : request.prefix);
+}
 
 int RunExport(const ExportRequest &request) {
   Handle handle;
@@ -243,7 +263,7 @@ int RunExport(const ExportRequest &request) {
   const int read = ReadDefinitionNoted(h, request.definition);
   if (read > 0) return kUsageOrFile;
   const DefinitionModel model = DescribeDefinition(h);
-  const std::string text = request.format == "json" ? ExportJson(model) : ExportMarkdown(model);
+  const std::string text = Render(request, model);
   std::fwrite(text.data(), 1, text.size(), stdout);
   return read < 0 ? kErrors : kClean;
 }
@@ -252,15 +272,20 @@ int RunExport(const ExportRequest &request) {
 
 void AddExportCommand(CLI::App &app, int &status) {
   auto request = std::make_shared<ExportRequest>();
-  CLI::App *command =
-      app.add_subcommand("export", "write a definition as a reference (JSON, Markdown)");
+  CLI::App *command = app.add_subcommand(
+      "export", "write a definition as a reference or for code (JSON, Markdown, C, JSON Schema)");
   command->footer(
       "Writes every option of the definition, with type, bounds, default, values, group, "
-      "synonyms and deprecation, as JSON or as a Markdown page.\n");
+      "synonyms and deprecation, as JSON or as a Markdown page; or, for a program's own code "
+      "and tools, a C header of option numbers and enumerated values, or a JSON Schema of a "
+      "settings object.\n");
   command->add_option("DEF", request->definition, "the option definition file")->required();
   command->add_option("--format", request->format, "the output format")
       ->required()
-      ->check(CLI::IsMember({"json", "markdown"}));
+      ->check(CLI::IsMember({"json", "markdown", "c-header", "json-schema"}));
+  command->add_option("--prefix", request->prefix,
+                      "c-header: the prefix of the constants (default: the definition's file "
+                      "name in upper case)");
   command->callback([request, &status] { status = RunExport(*request); });
 }
 
