@@ -11,6 +11,9 @@ install(TARGETS optkw EXPORT optkwTargets
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "optkw*")
 install(TARGETS optkw_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/docs/optkw.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${PROJECT_SOURCE_DIR}/tools/optkw/optkw.bash
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME optkw)
 
 install(EXPORT optkwTargets NAMESPACE optkw:: DESTINATION ${OPTKW_CMAKE_DIR})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/optkwConfig.cmake.in
