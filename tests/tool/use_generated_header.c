@@ -1,9 +1,12 @@
 /* A client that calls by number through the constants that optkw exports for
- * Kestrel's definition: each must be the number the library gives the name. */
+ * Kestrel's definition: each must be the number the library gives the name.
+ * markup_options.h, whose names come out alike in C, must build beside it
+ * without a macro defined twice. */
 #include <stdio.h>
 #include <string.h>
 
 #include "kestrel_options.h"
+#include "markup_options.h"
 #include "optkw.h"
 
 int main(int argc, char **argv) {

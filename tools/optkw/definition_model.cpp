@@ -186,6 +186,19 @@ DefinitionModel DescribeDefinition(optHandle_t h) {
   return model;
 }
 
+std::string ShownValue(const OptionInfo &option, const std::string &value) {
+  if (option.default_is_text) return "\"" + value + "\"";
+  if (value == "2147483647") return "maxint";
+  if (value == "-2147483648") return "minint";
+  if (value == "1e+299") return "maxdouble";
+  if (value == "-1e+299") return "mindouble";
+  return value;
+}
+
+bool IsRangeEnd(const std::string &value) {
+  return value == "2147483647" || value == "-2147483648" || value == "1e+299" || value == "-1e+299";
+}
+
 const char *TypeName(int type) {
   static const char *const kNames[] = {"integer", "double",    "string",  "boolean", "enumstr",
                                        "enumint", "multilist", "strlist", "macro",   "immediate"};

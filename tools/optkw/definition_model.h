@@ -1,5 +1,5 @@
-// What a definition declares, gathered through the public interface, for the
-// export command.
+// What a definition declares, gathered through the public interface: the one
+// model that every export format is written from.
 #pragma once
 
 #include <optional>
@@ -68,6 +68,15 @@ std::string ExportMarkdown(const DefinitionModel &model);
 // `prefix` begins every constant, e.g. KESTREL.
 std::string ExportCHeader(const DefinitionModel &model, const std::string &prefix);
 std::string ExportJsonSchema(const DefinitionModel &model);
+std::string ExportMan(const DefinitionModel &model);
+std::string ExportRst(const DefinitionModel &model);
+
+// A value as a definition writes it: the ends of the integer and double
+// ranges as their keywords ("maxint"), texts in double quotes.
+std::string ShownValue(const OptionInfo &option, const std::string &value);
+
+// Whether a bound is an end of the integer or double range, i.e. no bound.
+bool IsRangeEnd(const std::string &value);
 
 const char *TypeName(int type);
 const char *SubtypeName(int subtype);

@@ -3,7 +3,7 @@
 // calls by number never writes a magic number, and a changed definition breaks
 // its build instead of its run.
 #include <cctype>
-#include <map>
+#include <set>
 #include <string>
 
 #include "definition_model.h"
@@ -22,16 +22,19 @@ std::string CName(const std::string &text) {
   return name;
 }
 
-// Hands out names, so that two texts that come out alike get _2, _3, ...
+// Hands out names, so that texts that come out alike get _2, _3, ... in the
+// order they come, past any name already taken.
 class Names {
  public:
   std::string Unique(const std::string &wanted) {
-    const int seen = ++used_[wanted];
-    return seen == 1 ? wanted : wanted + "_" + std::to_string(seen);
+    std::string name = wanted;
+    for (int n = 2; !taken_.insert(name).second; ++n)
+      name = wanted + "_" + std::to_string(n);
+    return name;
   }
 
  private:
-  std::map<std::string, int> used_;
+  std::set<std::string> taken_;
 };
 
 std::string Define(const std::string &name, const std::string &value, const std::string &note) {
@@ -58,10 +61,12 @@ std::string ExportCHeader(const DefinitionModel &model, const std::string &prefi
                     " * values of enumerated options. Generate it again when the definition\n"
                     " * changes. */\n"
                     "#ifndef " +
-                    guard + "\n#define " + guard + "\n\n";
-  out += Define(prefix + "_OPTKW_API_VERSION", "2", "the interface version it was made for");
-  out += "#if defined(OPTKW_API_VERSION) && OPTKW_API_VERSION != " + prefix +
-         "_OPTKW_API_VERSION\n#error \"" + prefix +
+                    guard + "\n#define " + guard + "\n\n#include \"optkw.h\"\n\n";
+  // Against the optkw.h that the program builds with, checked where it is
+  // included.
+  out += Define(prefix + "_OPTKW_API_VERSION", std::to_string(OPTKW_API_VERSION),
+                "the interface version it was made for");
+  out += "#if OPTKW_API_VERSION != " + prefix + "_OPTKW_API_VERSION\n#error \"" + prefix +
          " options were generated for another interface version of optkw\"\n#endif\n\n";
   Names names;
   for (const OptionInfo &option : model.options) {

@@ -13,18 +13,10 @@ namespace {
 
 using nlohmann::ordered_json;
 
-// A number as the library shows it ("maxint", "1E-6"), as a JSON number.
+// A number of the model as a JSON number.
 ordered_json Number(const std::string &text, bool integer) {
-  if (text == "maxint") return 2147483647;
-  if (text == "minint") return -2147483648LL;
-  if (text == "maxdouble") return 1e299;
-  if (text == "mindouble") return -1e299;
   if (integer) return std::strtoll(text.c_str(), nullptr, 10);
   return std::strtod(text.c_str(), nullptr);
-}
-
-bool Unbounded(const std::string &text) {
-  return text == "maxint" || text == "minint" || text == "maxdouble" || text == "mindouble";
 }
 
 // The schema of one value of an option.
@@ -35,8 +27,8 @@ ordered_json ValueSchema(const OptionInfo &o) {
     case optTypeInteger:
     case optTypeDouble:
       schema["type"] = integer ? "integer" : "number";
-      if (o.lower && !Unbounded(*o.lower)) schema["minimum"] = Number(*o.lower, integer);
-      if (o.upper && !Unbounded(*o.upper)) schema["maximum"] = Number(*o.upper, integer);
+      if (o.lower && !IsRangeEnd(*o.lower)) schema["minimum"] = Number(*o.lower, integer);
+      if (o.upper && !IsRangeEnd(*o.upper)) schema["maximum"] = Number(*o.upper, integer);
       break;
     case optTypeBoolean:
       schema["type"] = "boolean";

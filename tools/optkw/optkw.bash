@@ -14,7 +14,7 @@ _optkw() {
       case "$command" in
         check) COMPREPLY=($(compgen -W "text json sarif" -- "$cur")) ;;
         lint) COMPREPLY=($(compgen -W "text json" -- "$cur")) ;;
-        export) COMPREPLY=($(compgen -W "json markdown c-header json-schema" -- "$cur")) ;;
+        export) COMPREPLY=($(compgen -W "json markdown rst man c-header json-schema" -- "$cur")) ;;
       esac
       return ;;
     --eol-only)

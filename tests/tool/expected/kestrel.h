@@ -5,8 +5,10 @@
 #ifndef KESTREL_OPTIONS_H
 #define KESTREL_OPTIONS_H
 
+#include "optkw.h"
+
 #define KESTREL_OPTKW_API_VERSION 2                     /* the interface version it was made for */
-#if defined(OPTKW_API_VERSION) && OPTKW_API_VERSION != KESTREL_OPTKW_API_VERSION
+#if OPTKW_API_VERSION != KESTREL_OPTKW_API_VERSION
 #error "KESTREL options were generated for another interface version of optkw"
 #endif
 
