@@ -5,7 +5,8 @@ import ctypes
 import enum
 import os
 import tempfile
-from typing import Any, Dict, Iterable, Iterator, List, NamedTuple, Optional, Tuple, Union
+from typing import (Any, Callable, Dict, Iterable, Iterator, List, NamedTuple, Optional, Tuple,
+                    Union)
 
 from . import _library as _lib
 from ._library import buffer, c_string, counted, from_counted
@@ -13,6 +14,8 @@ from ._suggest import closest_names
 
 # An option named, or numbered from 1 as the library counts them.
 OptionKey = Union[str, int]
+# A file name, as open() takes it.
+PathLike = Union[str, "os.PathLike[str]"]
 
 
 class MessageType(enum.IntEnum):
@@ -95,7 +98,7 @@ _TWO_VALUES = 3  # optsub2Values
 _INT32 = range(-2**31, 2**31)
 
 
-def _os_error(code, messages, path):
+def _os_error(code: int, messages: Iterable[Message], path: PathLike) -> OSError:
     return OSError(code, "; ".join(m.text for m in messages), os.fspath(path))
 
 
@@ -105,7 +108,7 @@ class Options:
     Use ``Options.from_string(text)`` for a definition held in a string.
     """
 
-    def __init__(self, definition_file: Union[str, "os.PathLike[str]"]) -> None:
+    def __init__(self, definition_file: PathLike) -> None:
         with open(definition_file, "rb") as file:
             definition = file.read()
         self._start(definition_file, repr(os.fspath(definition_file)), definition)
@@ -127,9 +130,9 @@ class Options:
         finally:
             os.unlink(path)
 
-    def _start(self, path: Any, source: str, definition: bytes) -> None:
+    def _start(self, path: PathLike, source: str, definition: bytes) -> None:
         """Creates the handle and reads the definitions from the file `path`."""
-        self._handle = None
+        self._handle: Optional[ctypes.c_void_p] = None
         self._definition = definition
         self._defaults_handle: Optional["Options"] = None
         self._provenance: Dict[int, str] = {}
@@ -152,81 +155,82 @@ class Options:
     # ---- the handle
 
     @property
-    def _h(self):
+    def _h(self) -> ctypes.c_void_p:
         if self._handle is None:
             raise ValueError("operation on closed Options")
         return self._handle
 
     def close(self) -> None:
         """Frees the handle; further use raises ValueError. Closing twice is harmless."""
-        if getattr(self, "_defaults_handle", None) is not None:
-            self._defaults_handle.close()
+        defaults = getattr(self, "_defaults_handle", None)
+        if defaults is not None:
+            defaults.close()
             self._defaults_handle = None
         if self._handle is not None:
             self._lib.optfree(ctypes.byref(self._handle))
             self._handle = None
 
-    def __enter__(self):
+    def __enter__(self) -> "Options":
         return self
 
-    def __exit__(self, *exc):
+    def __exit__(self, *exc: object) -> None:
         self.close()
 
-    def __del__(self):
+    def __del__(self) -> None:
         if getattr(self, "_handle", None) is not None:
             self.close()
 
-    def __repr__(self):
+    def __repr__(self) -> str:
         if self._handle is None:
             return "<optkw.Options (closed)>"
         return f"<optkw.Options: {len(self)} options, {self.errors} errors>"
 
     # ---- messages
 
-    def _message_count(self):
+    def _message_count(self) -> int:
         return self._lib.optmessagecount(self._h)
 
-    def _messages_from(self, first):
+    def _messages_from(self, first: int) -> List[Message]:
         text, kind = buffer(), ctypes.c_int()
-        result = []
+        result: List[Message] = []
         for nr in range(first, self._message_count() + 1):
             self._lib.optgetmessage(self._h, nr, text, ctypes.byref(kind))
             result.append(Message(from_counted(text), MessageType(kind.value)))
         return result
 
     @property
-    def messages(self):
+    def messages(self) -> List[Message]:
         """Every message in the queue, oldest first, as Message(text, type)."""
         return self._messages_from(1)
 
-    def _counts(self):
+    def _counts(self) -> Tuple[int, int]:
         errors, warnings = ctypes.c_int(), ctypes.c_int()
         self._lib.opterrorcount(self._h, ctypes.byref(errors), ctypes.byref(warnings))
         return errors.value, warnings.value
 
     @property
-    def errors(self):
+    def errors(self) -> int:
         """Number of errors in the message queue."""
         return self._counts()[0]
 
     @property
-    def warnings(self):
+    def warnings(self) -> int:
         """Number of warnings (deprecations included) in the message queue."""
         return self._counts()[1]
 
-    def clear_messages(self):
+    def clear_messages(self) -> None:
         self._lib.optclearmessages(self._h)
 
     # ---- parameter text
 
     @staticmethod
-    def _path(path):
+    def _path(path: PathLike) -> bytes:
         data = os.fsencode(path)
         if not data:
             raise ValueError("empty file name")
         return counted(data, "file name")
 
-    def read_file(self, path):
+    def read_file(self, path: PathLike) -> List[Message]:
         """Reads a parameter file; returns the messages the read added.
 
         Raises OSError (FileNotFoundError, ...) when the file can't be opened.
@@ -239,7 +243,7 @@ class Options:
             raise _os_error(code, added, path)
         return added
 
-    def read_string(self, text):
+    def read_string(self, text: str) -> List[Message]:
         """Reads parameter text from a string; returns the messages the read added.
 
         Each line is read as a string source of its own; empty lines and lines
@@ -253,7 +257,7 @@ class Options:
                     self._lib.optreadfrompchar(self._h, line)
         return self._messages_from(first)
 
-    def read_cmdline(self, args):
+    def read_cmdline(self, args: Union[str, Iterable[str]]) -> List[Message]:
         """Reads a command line (a string, or a list such as sys.argv[1:]).
 
         Each value is one token here, whatever eol_only says; returns the
@@ -270,21 +274,21 @@ class Options:
         return self._messages_from(first)
 
     @property
-    def eol_only(self):
+    def eol_only(self) -> bool:
         """True (the default): in parameter text a value runs to the end of its line."""
         former = self._lib.opteolonlyset(self._h, 1)
         self._lib.opteolonlyset(self._h, former)
         return bool(former)
 
     @eol_only.setter
-    def eol_only(self, flag):
+    def eol_only(self, flag: bool) -> None:
         self._lib.opteolonlyset(self._h, 1 if flag else 0)
 
-    def set_no_bounds(self, flag=True):
+    def set_no_bounds(self, flag: bool = True) -> None:
         """Numbers out of range are brought in range with warnings instead of errors."""
         self._lib.optnoboundsset(self._h, 1 if flag else 0)
 
-    def write(self, path=None):
+    def write(self, path: Optional[PathLike] = None) -> Optional[str]:
         """Writes what is set as parameter text: to `path`, or returned as a str."""
         if path is not None:
             self._write(path)
@@ -298,13 +302,13 @@ class Options:
         finally:
             os.unlink(temp)
 
-    def _write(self, path):
+    def _write(self, path: PathLike) -> None:
         first = self._message_count() + 1
         code = self._lib.optwriteparameterfile(self._h, self._path(path))
         if code:
             raise _os_error(code, self._messages_from(first), path)
 
-    def help(self, request=""):
+    def help(self, request: Union[str, int] = "") -> List[str]:
         """Help lines: for an option name, or a listing mode (1 by group, 2 alphabetical).
 
         The lines also stay in the message queue.
@@ -320,7 +324,7 @@ class Options:
 
     # ---- options by name
 
-    def _find(self, name: OptionKey) -> int:
+    def _find(self, name: object) -> int:
         if isinstance(name, int) and not isinstance(name, bool):
             if not 1 <= name <= self._lib.optcount(self._h):
                 raise KeyError(name)
@@ -335,21 +339,21 @@ class Options:
             raise KeyError(name)
         return nr.value
 
-    def _info(self, nr):
+    def _info(self, nr: int) -> Tuple[OptionType, int]:
         words = [ctypes.c_int() for _ in range(6)]
         self._lib.optgetinfonr(self._h, nr, *(ctypes.byref(w) for w in words))
         return OptionType(words[4].value), words[5].value
 
-    def _key(self, nr):
+    def _key(self, nr: int) -> str:
         name, text = buffer(), buffer()
         self._lib.optgethelpnr(self._h, nr, name, text)
         return from_counted(name)
 
-    def option_type(self, name):
+    def option_type(self, name: OptionKey) -> OptionType:
         """The OptionType of an option (or synonym)."""
         return self._info(self._find(name))[0]
 
-    def names(self):
+    def names(self) -> List[str]:
         """Names of the options that hold a value, in the library's order.
 
         Multilists, macros and immediate options (the built-in "Help" among
@@ -358,29 +362,29 @@ class Options:
         count = self._lib.optcount(self._h)
         return [self._key(nr) for nr in range(1, count + 1) if self._info(nr)[0] in _VALUE_TYPES]
 
-    def __iter__(self):
+    def __iter__(self) -> Iterator[str]:
         return iter(self.names())
 
-    def __len__(self):
+    def __len__(self) -> int:
         return len(self.names())
 
-    def __contains__(self, name):
+    def __contains__(self, name: object) -> bool:
         try:
             self._find(name)
         except (KeyError, TypeError):
             return False
         return True
 
-    def items(self):
+    def items(self) -> List[Tuple[str, Any]]:
         return [(name, self[name]) for name in self.names()]
 
-    def is_set(self, name):
+    def is_set(self, name: OptionKey) -> bool:
         """True when a value of the option was set (either of a two-valued option)."""
         defined = ctypes.c_int()
         self._lib.optgetdefinednr(self._h, self._find(name), ctypes.byref(defined))
         return defined.value != 0
 
-    def __getitem__(self, name):
+    def __getitem__(self, name: OptionKey) -> Any:
         nr = self._find(name)
         kind, subtype = self._info(nr)
         if kind == OptionType.STRLIST:
@@ -390,7 +394,7 @@ class Options:
         first = self._get(nr, kind, False)
         return (first, self._get(nr, kind, True)) if subtype == _TWO_VALUES else first
 
-    def _get(self, nr, kind, second):
+    def _get(self, nr: int, kind: OptionType, second: bool) -> Union[int, float, str]:
         lib = self._lib
         if kind in _INT_TYPES:
             value = ctypes.c_int()
@@ -404,16 +408,16 @@ class Options:
         (lib.optgetstr2nr if second else lib.optgetstrnr)(self._h, nr, text)
         return from_counted(text)
 
-    def _entries(self, nr):
+    def _entries(self, nr: int) -> List[str]:
         key = counted(self._key(nr))
         text = buffer()
-        entries = []
+        entries: List[str] = []
         for index in range(1, self._lib.optlistcountstr(self._h, key) + 1):
             self._lib.optreadfromliststr(self._h, key, index, text)
             entries.append(from_counted(text))
         return entries
 
-    def __setitem__(self, name, value):
+    def __setitem__(self, name: OptionKey, value: Any) -> None:
         """Sets an option. A str is read as parameter text would read it; an int
         sets an integer, boolean or enumint option, an int or float a double
         option. A pair sets both values of a two-valued option (None keeps
@@ -438,7 +442,8 @@ class Options:
         if not all(results):
             raise OptionError(f"option {name!r} refused {value!r}", self._messages_from(first))
 
-    def _setter(self, name, kind, value, second):
+    def _setter(self, name: OptionKey, kind: OptionType, value: Any,
+                second: bool) -> Tuple[Callable[..., int], Any]:
         """The library function that assigns `value` and its argument."""
         lib = self._lib
         if isinstance(value, int) and kind in _INT_TYPES and value in _INT32:
@@ -471,7 +476,7 @@ class Options:
     def suggest(self, name: str) -> List[str]:
         """Names of options and synonyms close to `name`, the nearest first (at most 3)."""
         text, target = buffer(), buffer()
-        names = []
+        names: List[str] = []
         for nr in range(1, self._lib.optcount(self._h) + 1):
             self._lib.optgetnamenr(self._h, nr, text)
             if not from_counted(text).startswith("."):
@@ -486,7 +491,7 @@ class Options:
         nr = self._find(name)
         count, number, value = ctypes.c_int(), ctypes.c_int(), buffer()
         self._lib.optgetenumcount(self._h, nr, ctypes.byref(count))
-        values = []
+        values: List[str] = []
         for k in range(1, count.value + 1):
             self._lib.optgetenumvalue(self._h, nr, k, ctypes.byref(number), value)
             values.append(from_counted(value))
@@ -523,7 +528,7 @@ class Options:
         lib, h = self._lib, self._h
         words = [ctypes.c_int() for _ in range(6)]
         first, second = buffer(), buffer()
-        state = []
+        state: List[Tuple[Any, ...]] = []
         for nr in range(1, lib.optcount(h) + 1):
             lib.optgetinfonr(h, nr, *(ctypes.byref(w) for w in words))
             lib.optgetstrnr(h, nr, first)

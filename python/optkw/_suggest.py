@@ -14,7 +14,7 @@ bindings offer the same names:
   the same distance in the order given.
 """
 
-from typing import Iterable, List
+from typing import Iterable, List, Set, Tuple
 
 
 def _lower(text: str) -> str:
@@ -50,8 +50,8 @@ def closest_names(typed: str, candidates: Iterable[str], most: int = 3) -> List[
     """The candidates close enough to `typed` to be what was meant, nearest first."""
     folded = _folded(typed)
     allowed = max(1, len(folded) // 3)
-    near = []
-    seen = set()
+    near: List[Tuple[int, int, str]] = []
+    seen: Set[str] = set()
     for order, candidate in enumerate(candidates):
         other = _folded(candidate)
         if other in seen:
