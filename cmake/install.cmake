@@ -1,6 +1,7 @@
 # What `cmake --install` puts under a prefix: the versioned shared object with
-# its development link, the public headers, the optkw tool, a CMake package
-# (optkw::optkw) and a pkg-config file.
+# its development link, the public headers, the optkw tool with its manual page
+# and bash completion, a CMake package (optkw::optkw) and a pkg-config file.
+# The Python package is installed by python/CMakeLists.txt.
 include(CMakePackageConfigHelpers)
 
 set(OPTKW_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/optkw)
@@ -10,10 +11,12 @@ install(TARGETS optkw EXPORT optkwTargets
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "optkw*")
-install(TARGETS optkw_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES ${PROJECT_SOURCE_DIR}/docs/optkw.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES ${PROJECT_SOURCE_DIR}/tools/optkw/optkw.bash
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME optkw)
+if(OPTKW_BUILD_TOOL)
+  install(TARGETS optkw_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/optkw.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/optkw/optkw.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME optkw)
+endif()
 
 install(EXPORT optkwTargets NAMESPACE optkw:: DESTINATION ${OPTKW_CMAKE_DIR})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/optkwConfig.cmake.in

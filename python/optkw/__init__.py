@@ -8,8 +8,9 @@
         limit = opts["maxiter"]
 
 The package calls liboptkw.so through ctypes. It looks for the library in the
-file named by the environment variable OPTKW_LIB, else next to the package
-(this directory, or a "lib" directory beside it), else on the system.
+file named by the environment variable OPTKW_LIB, else in the package folder
+(where pip puts the library it built), else where `cmake --install` put it
+beside the package, else on the system. library_path() tells which it loaded.
 
 Texts travel to and from the library as UTF-8; bytes that aren't valid UTF-8
 come back as surrogate escapes, so nothing the library holds is lost.
@@ -28,7 +29,7 @@ from ._options import (
 from ._suggest import closest_names, did_you_mean
 
 
-def library_path():
+def library_path() -> str:
     """The name or path under which liboptkw.so was loaded (loading it if need be)."""
     from ._library import library
     return library().path

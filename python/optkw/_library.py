@@ -3,11 +3,13 @@
 import ctypes
 import ctypes.util
 import os
+from typing import Any, Dict, List, Optional, Tuple, Union
 
 ENCODING = "utf-8"
 ERRORS = "surrogateescape"
 STRBUF_SIZE = 256  # OPTKW_STRBUF_SIZE: 255 bytes of text and the length byte
 API_VERSION = 2  # the interface version this package is written for
+LIBRARY_FILES = ("liboptkw.so.2", "liboptkw.so")  # the SONAME first
 
 _H = ctypes.c_void_p
 _I = ctypes.c_int
@@ -18,7 +20,7 @@ _IP = ctypes.POINTER(ctypes.c_int)
 _DP = ctypes.POINTER(ctypes.c_double)
 
 # Result type and argument types of every function the package calls.
-_PROTOTYPES = {
+_PROTOTYPES: Dict[str, Tuple[Any, List[Any]]] = {
     "optcreate": (_I, [ctypes.POINTER(_H), _B, _I]),
     "optfree": (_I, [ctypes.POINTER(_H)]),
     "cxapiversion": (_I, [_I, _B, _IP]),
@@ -68,30 +70,58 @@ class LibraryNotFoundError(OSError):
 
 
 class Library:
-    """The loaded shared library, with its prototypes declared."""
+    """The loaded shared library, with its prototypes declared as attributes."""
 
-    def __init__(self, cdll):
+    def __init__(self, cdll: ctypes.CDLL) -> None:
         self.cdll = cdll
-        self.path = cdll._name
+        self.path: str = cdll._name
         for name, (restype, argtypes) in _PROTOTYPES.items():
             function = getattr(cdll, name)
             function.restype = restype
             function.argtypes = argtypes
             setattr(self, name, function)
 
+    def __getattr__(self, name: str) -> Any:
+        # Only reached for names not set in __init__; tells type checkers that
+        # the C functions are attributes.
+        raise AttributeError(name)
 
-def _candidates(tried):
-    """(description, name or path) pairs in the order they are tried; places
-    without a library go into `tried`."""
-    here = os.path.dirname(os.path.abspath(__file__))
-    beside = os.path.join(os.path.dirname(here), "lib")
-    found = []
-    for folder in (here, beside):
-        paths = [os.path.join(folder, file) for file in ("liboptkw.so", "liboptkw.so.2")]
-        paths = [path for path in paths if os.path.exists(path)]
-        found += [(path, path) for path in paths]
-        if not paths:
-            tried.append(f"  {folder}: no liboptkw.so there")
+
+# (what the attempt was, the name or path handed to the loader)
+Candidate = Tuple[str, str]
+
+
+def _installed_library_dir(package: str) -> Optional[str]:
+    """The library directory that `cmake --install` wrote beside the package,
+    or None for a package that came some other way (pip, the source tree)."""
+    try:
+        from . import _installed  # written by cmake --install
+    except ImportError:
+        return None
+    return os.path.normpath(os.path.join(package, _installed.LIBRARY_DIR))
+
+
+def _files_in(folder: str, where: str, tried: List[str]) -> List[Candidate]:
+    """The library files in `folder` (`where` says which folder that is); a
+    folder without any goes into `tried`."""
+    paths = [os.path.join(folder, file) for file in LIBRARY_FILES]
+    found = [(f"{where}: {path}", path) for path in paths if os.path.exists(path)]
+    if not found:
+        tried.append(f"  {where}: no {' or '.join(LIBRARY_FILES)} in {folder}")
+    return found
+
+
+def _candidates(tried: List[str]) -> List[Candidate]:
+    """The places tried in order: the library bundled in the package folder
+    (a pip install), the one `cmake --install` put beside the package, then
+    the system's. Places without a library go into `tried`."""
+    package = os.path.dirname(os.path.abspath(__file__))
+    found = _files_in(package, "the package folder", tried)
+    installed = _installed_library_dir(package)
+    if installed is None:
+        tried.append("  installed beside the package: not installed by cmake --install")
+    else:
+        found += _files_in(installed, "installed beside the package", tried)
     system = ctypes.util.find_library("optkw")
     if system:
         found.append((f"find_library('optkw') -> {system}", system))
@@ -101,7 +131,7 @@ def _candidates(tried):
     return found
 
 
-def _check_version(library):
+def _check_version(library: Library) -> None:
     message = ctypes.create_string_buffer(STRBUF_SIZE)
     status = ctypes.c_int()
     ok = library.cxapiversion(API_VERSION, message, ctypes.byref(status))
@@ -111,9 +141,9 @@ def _check_version(library):
             + message.value.decode(ENCODING, ERRORS))
 
 
-def _open():
+def _open() -> Library:
     variable = os.environ.get("OPTKW_LIB")
-    tried = []
+    tried: List[str] = []
     if variable:
         candidates = [(f"OPTKW_LIB={variable}", variable)]
     else:
@@ -136,10 +166,10 @@ def _open():
         + "\nSet OPTKW_LIB to the path of liboptkw.so.")
 
 
-_loaded = None
+_loaded: Optional[Library] = None
 
 
-def library():
+def library() -> Library:
     """The library, loaded on first use."""
     global _loaded
     if _loaded is None:
@@ -147,17 +177,17 @@ def library():
     return _loaded
 
 
-def encode(text):
+def encode(text: str) -> bytes:
     """A str as the library's bytes."""
     return text.encode(ENCODING, ERRORS)
 
 
-def decode(data):
+def decode(data: bytes) -> str:
     """The library's bytes as a str."""
     return data.decode(ENCODING, ERRORS)
 
 
-def counted(data, what="text"):
+def counted(data: Union[bytes, str], what: str = "text") -> bytes:
     """Bytes (or a str) as a counted string: the length byte, then the text."""
     if isinstance(data, str):
         data = encode(data)
@@ -166,7 +196,7 @@ def counted(data, what="text"):
     return bytes([len(data)]) + data
 
 
-def c_string(text):
+def c_string(text: str) -> bytes:
     """A str as a NUL-terminated C string of any length."""
     data = encode(text)
     if b"\0" in data:
@@ -174,11 +204,11 @@ def c_string(text):
     return data
 
 
-def buffer():
+def buffer() -> "ctypes.Array[ctypes.c_char]":
     return ctypes.create_string_buffer(STRBUF_SIZE)
 
 
-def from_counted(buf):
+def from_counted(buf: "ctypes.Array[ctypes.c_char]") -> str:
     """The text of a counted output buffer."""
     raw = buf.raw
     return decode(raw[1:1 + raw[0]])
