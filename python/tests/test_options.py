@@ -129,6 +129,32 @@ class LibraryLoadingTest(unittest.TestCase):
                                   text=True, timeout=60)
         self.assertEqual((done.returncode, done.stdout), (0, f"{library} 1\n"), done.stderr)
 
+    def load_error(self, **variables):
+        """What loading the library says in a fresh interpreter, by this
+        package (which carries no library) with the environment changed."""
+        env = {key: value for key, value in os.environ.items()
+               if key not in ("OPTKW_LIB", "LD_LIBRARY_PATH")}
+        env.update(variables, PYTHONPATH=os.path.dirname(os.path.dirname(optkw.__file__)))
+        code = ("import optkw\ntry:\n    print(optkw.library_path())\n"
+                "except optkw.LibraryNotFoundError as fault:\n    print(fault)")
+        done = subprocess.run([sys.executable, "-c", code], env=env, capture_output=True,
+                              text=True, timeout=60)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        return done.stdout
+
+    def test_the_error_lists_every_place_tried_in_order(self):
+        # OPTKW_LIB, when set, is the only place: no quiet fallback to another library.
+        said = self.load_error(OPTKW_LIB="/nonexistent/liboptkw.so")
+        self.assertIn("OPTKW_LIB=/nonexistent/liboptkw.so:", said)
+        self.assertNotIn("package folder", said)
+        said = self.load_error()
+        if not said.startswith("cannot load"):
+            self.skipTest(f"this system has a liboptkw: {said}")
+        places = ["OPTKW_LIB: not set", "the package folder:", "installed beside the package:",
+                  "find_library('optkw')", "liboptkw.so.2 on the loader's search path:"]
+        found = [said.find(place) for place in places]
+        self.assertTrue(all(at >= 0 for at in found) and found == sorted(found), said)
+
 
 if __name__ == "__main__":
     unittest.main()
