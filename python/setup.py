@@ -74,7 +74,10 @@ class BuildWithLibrary(build_py):
         jobs = [] if "CMAKE_BUILD_PARALLEL_LEVEL" in os.environ else ["-j", str(os.cpu_count() or 1)]
         run(["cmake", "--build", str(build), "--target", "optkw", *jobs])
         # CMake writes where the library lands when it configures.
-        return Path((build / "optkw-library-path.txt").read_text(encoding="utf-8").strip())
+        recorded = build / "optkw-library-path.txt"
+        if not recorded.is_file():
+            raise SystemExit(f"optkw: {build} is no single-configuration CMake build of optkw")
+        return Path(recorded.read_text(encoding="utf-8").strip())
 
     def build_temp_folder(self) -> str:
         return self.get_finalized_command("build").build_temp

@@ -2,6 +2,7 @@
 
 import ctypes
 import ctypes.util
+import importlib
 import os
 from typing import Any, Dict, List, Optional, Tuple, Union
 
@@ -95,10 +96,11 @@ def _installed_library_dir(package: str) -> Optional[str]:
     """The library directory that `cmake --install` wrote beside the package,
     or None for a package that came some other way (pip, the source tree)."""
     try:
-        from . import _installed  # written by cmake --install
+        # By name: the module exists only where cmake --install wrote it.
+        installed = importlib.import_module("._installed", __package__)
     except ImportError:
         return None
-    return os.path.normpath(os.path.join(package, _installed.LIBRARY_DIR))
+    return os.path.normpath(os.path.join(package, installed.LIBRARY_DIR))
 
 
 def _files_in(folder: str, where: str, tried: List[str]) -> List[Candidate]:
