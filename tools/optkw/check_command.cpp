@@ -16,19 +16,6 @@
 namespace optkw_tool {
 namespace {
 
-enum class Format { kText, kJson, kSarif };
-
-struct CheckRequest {
-  std::string definition;
-  std::vector<Source> sources;
-  Settings settings;
-  std::optional<std::string> write_to;  // "-" for standard output
-  Format format = Format::kText;
-  TextStyle style;
-  std::optional<std::string> explain;
-  bool changed = false;
-};
-
 // The name a source has in the library's brackets.
 std::string BracketName(const Source &source) {
   switch (source.kind) {
@@ -181,13 +168,13 @@ class CheckRunner {
     // With the parameter text on standard output, the report goes to standard error.
     std::FILE *out = request_.write_to == "-" ? stderr : stdout;
     switch (request_.format) {
-      case Format::kText:
+      case CheckFormat::kText:
         PrintText(report_, request_.style, out);
         break;
-      case Format::kJson:
+      case CheckFormat::kJson:
         std::fputs(JsonReport(report_).c_str(), out);
         break;
-      case Format::kSarif:
+      case CheckFormat::kSarif:
         std::fputs(SarifReport(report_).c_str(), out);
         break;
     }
@@ -200,104 +187,10 @@ class CheckRunner {
   std::map<int, Origin> origins_;
 };
 
-// The command line as the user wrote it: files and texts are read in the
-// order in which they stand, so sources are gathered by their parse order.
-struct CheckArguments {
-  CheckRequest request;
-  std::vector<std::string> files, strings, command_lines;
-  std::string write_to, eol_only, format = "text", explain;
-  CLI::Option *files_option = nullptr, *string_option = nullptr, *command_line_option = nullptr;
-  CLI::Option *write_option = nullptr, *eol_option = nullptr, *explain_option = nullptr;
-
-  std::vector<Source> SourcesInOrder(const CLI::App &command) const {
-    std::vector<Source> sources;
-    size_t file = 0, string = 0, command_line = 0;
-    for (const CLI::Option *option : command.parse_order()) {
-      if (option == files_option) {
-        sources.push_back({Source::Kind::kFile, files[file++]});
-      } else if (option == string_option) {
-        sources.push_back({Source::Kind::kString, strings[string++]});
-      } else if (option == command_line_option) {
-        sources.push_back({Source::Kind::kCommandLine, command_lines[command_line++]});
-      }
-    }
-    return sources;
-  }
-
-  CheckRequest Request(const CLI::App &command) const {
-    CheckRequest result = request;
-    result.sources = SourcesInOrder(command);
-    if (eol_option->count() > 0) result.settings.eol_only = eol_only == "1" ? 1 : 0;
-    if (write_option->count() > 0) result.write_to = write_to;
-    if (explain_option->count() > 0) result.explain = explain;
-    result.format = format == "json"    ? Format::kJson
-                    : format == "sarif" ? Format::kSarif
-                                        : Format::kText;
-    return result;
-  }
-};
-
-void AddSourceOptions(CLI::App *command, CheckArguments &args) {
-  command->add_option("DEF", args.request.definition, "the option definition file")->required();
-  args.files_option = command->add_option("PARAMFILE", args.files, "parameter files to read");
-  args.string_option = command->add_option("-s", args.strings, "parameter text to read")
-                           ->type_name("TEXT")
-                           ->allow_extra_args(false);
-  args.command_line_option =
-      command
-          ->add_option("-c", args.command_lines,
-                       "a command line to read: each value is one token, so \"a=1 b=2\" sets both")
-          ->type_name("CMDLINE")
-          ->allow_extra_args(false);
-  command->add_flag("--echo", args.request.settings.echo,
-                    "echo every line read among the messages");
-  command->add_flag("--no-bounds", args.request.settings.no_bounds,
-                    "accept values out of range with warnings, not errors");
-  args.eol_option =
-      command
-          ->add_option("--eol-only", args.eol_only,
-                       "1 (the default): a value in a file or -s text runs to the end of its "
-                       "line; 0: a value is one token, so a line may hold several")
-          ->check(CLI::IsMember({"0", "1"}));
-}
-
-void AddReportOptions(CLI::App *command, CheckArguments &args) {
-  args.write_option = command->add_option(
-      "--write", args.write_to,
-      "write what is set as a parameter file afterwards, and warn about values that won't read "
-      "back as they were; \"-\" writes it to standard output, and the report then goes to "
-      "standard error");
-  command->add_option("--format", args.format, "text (the default), json or sarif")
-      ->check(CLI::IsMember({"text", "json", "sarif"}));
-  command->add_flag("--locations", args.request.style.locations,
-                    "text: put FILE:LINE: before each message of a file");
-  args.explain_option = command->add_option(
-      "--explain", args.explain, "show the value, the default and the source that set option NAME");
-  args.explain_option->type_name("NAME");
-  command->add_flag("--changed", args.request.changed,
-                    "list the options whose value differs from the default, with the source "
-                    "that set each");
-}
-
 }  // namespace
 
-void AddCheckCommand(CLI::App &app, int &status) {
-  auto args = std::make_shared<CheckArguments>();
-  CLI::App *command =
-      app.add_subcommand("check", "check parameter files and texts against a definition");
-  command->footer(
-      "Reads the definition DEF, then every source in the order given: parameter files, "
-      "parameter text (-s TEXT) and command lines (-c CMDLINE). Prints every message of the "
-      "library, hints of its own (\"hint: \"), then the options that are set with their values, "
-      "then the library's count of error and warning lines and the number of statements with "
-      "a mistake. Exit status 3 tells that a message queue overflowed and the report is "
-      "incomplete.\n");
-  AddSourceOptions(command, *args);
-  AddReportOptions(command, *args);
-  command->callback([args, command, &status] {
-    const CheckRequest request = args->Request(*command);
-    status = CheckRunner(request).Run();
-  });
+int RunCheck(const CheckRequest &request) {
+  return CheckRunner(request).Run();
 }
 
 }  // namespace optkw_tool

@@ -1,8 +1,14 @@
-// The commands of the optkw tool. Each command file registers its subcommand
-// with the app: its arguments, flags and help, and what runs when it is chosen.
+// The commands of the optkw tool, each as what it runs given its settings. The
+// command line (main.cpp) fills these settings in; the commands know nothing
+// of how they were asked for.
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "check_report.h"
+#include "check_run.h"
 
 namespace optkw_tool {
 
@@ -11,11 +17,44 @@ namespace optkw_tool {
 // report is incomplete.
 enum ExitStatus { kClean = 0, kErrors = 1, kUsageOrFile = 2, kIncomplete = 3 };
 
-// Each adds its subcommand to `app`; when the subcommand is chosen, its run
-// stores the exit status in `status`.
-void AddCheckCommand(CLI::App &app, int &status);
-void AddHelpCommand(CLI::App &app, int &status);
-void AddExportCommand(CLI::App &app, int &status);
-void AddLintCommand(CLI::App &app, int &status);
+enum class CheckFormat { kText, kJson, kSarif };
+
+struct CheckRequest {
+  std::string definition;
+  std::vector<Source> sources;  // in the order they stand on the command line
+  Settings settings;
+  std::optional<std::string> write_to;  // "-" for standard output
+  CheckFormat format = CheckFormat::kText;
+  TextStyle style;
+  std::optional<std::string> explain;
+  bool changed = false;
+};
+
+struct HelpRequest {
+  std::string definition;
+  std::string request;  // an option name or a listing mode; empty for the summary
+  bool piecewise = false;
+};
+
+struct ExportRequest {
+  std::string definition;
+  std::string format;  // one of ExportFormatNames()
+  std::string prefix;  // of the C constants; from the definition's file name if empty
+};
+
+struct LintRequest {
+  std::string definition;
+  std::string format = "text";
+};
+
+// Each returns the exit status.
+int RunCheck(const CheckRequest &request);
+int RunHelp(const HelpRequest &request);
+int RunExport(const ExportRequest &request);
+int RunLint(const LintRequest &request);
+
+std::vector<std::string> ExportFormatNames();
+// The reason `text` can't begin the names of C macros; empty if it can.
+std::string CIdentifierFault(const std::string &text);
 
 }  // namespace optkw_tool

@@ -2,7 +2,6 @@
 // any number of options; the entry of one option with what value it takes; and
 // suggestions for a name that the definition doesn't know.
 #include <cstdio>
-#include <memory>
 #include <string>
 
 #include "client.h"
@@ -12,12 +11,6 @@
 
 namespace optkw_tool {
 namespace {
-
-struct HelpRequest {
-  std::string definition;
-  std::string request;  // an option name or a listing mode; empty for the summary
-  bool piecewise = false;
-};
 
 // What value option `nr` takes in parameter text, in words.
 std::string ValueKind(optHandle_t h, int nr) {
@@ -65,7 +58,7 @@ int UnknownName(optHandle_t h, const HelpRequest &request) {
   return kErrors;
 }
 
-int Listing(optHandle_t h, const HelpRequest &request, int read) {
+int PrintListing(optHandle_t h, const HelpRequest &request, int read) {
   const struct Listing listing =
       RenderListing(h, request.definition, request.request, request.piecewise);
   for (const std::string &line : listing.lines)
@@ -76,6 +69,8 @@ int Listing(optHandle_t h, const HelpRequest &request, int read) {
   return read < 0 || !listing.problems.empty() ? kErrors : kClean;
 }
 
+}  // namespace
+
 int RunHelp(const HelpRequest &request) {
   Handle handle;
   optHandle_t h = handle.get();
@@ -84,7 +79,7 @@ int RunHelp(const HelpRequest &request) {
   if (read > 0) return kUsageOrFile;
   int mode = 0;
   if (request.request.empty() || ListingMode(request.request, mode))
-    return Listing(h, request, read);
+    return PrintListing(h, request, read);
   std::string name = request.request;
   for (char &c : name)
     if (c == ' ') c = '_';
@@ -93,27 +88,6 @@ int RunHelp(const HelpRequest &request) {
   if (nr < 1) return UnknownName(h, request);
   const int status = OptionEntry(h, request, nr);
   return read < 0 ? kErrors : status;
-}
-
-}  // namespace
-
-void AddHelpCommand(CLI::App &app, int &status) {
-  auto request = std::make_shared<HelpRequest>();
-  CLI::App *command = app.add_subcommand("help", "show the help listing of a definition");
-  command->footer(
-      "Prints the help of the definition: the summary by group (no REQUEST), the entry of one "
-      "option (an option name, a synonym or an abbreviation) followed by what value it takes, "
-      "or a listing mode: 1 summary, 2 alphabetical list, 3 both, 4 the bare names, 8 added to "
-      "1 marks deprecated options. Listings are whole for any number of options. A name the "
-      "definition doesn't know is an error, with suggestions.\n");
-  command->add_option("DEF", request->definition, "the option definition file")->required();
-  command->add_option("REQUEST", request->request, "an option name or a listing mode");
-  command
-      ->add_flag("--piecewise", request->piecewise,
-                 "put the listing together entry by entry even when the library's fits "
-                 "(for comparing the two)")
-      ->group("");
-  command->callback([request, &status] { status = RunHelp(*request); });
 }
 
 }  // namespace optkw_tool

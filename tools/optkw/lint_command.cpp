@@ -2,8 +2,6 @@
 // the style of a compiler's diagnostics or as JSON, with an exit status for CI.
 #include <algorithm>
 #include <cstdio>
-#include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "client.h"
@@ -14,11 +12,6 @@
 
 namespace optkw_tool {
 namespace {
-
-struct LintRequest {
-  std::string definition;
-  std::string format = "text";
-};
 
 Findings LintDefinition(const LintInput &input) {
   Findings findings;
@@ -42,21 +35,7 @@ void PrintText(const std::string &file, const Findings &findings) {
   }
 }
 
-void PrintJson(const std::string &file, const Findings &findings) {
-  nlohmann::json records = nlohmann::json::array();
-  for (const Finding &finding : findings) {
-    records.push_back({{"file", file},
-                       {"line", finding.line > 0 ? nlohmann::json(finding.line) : nullptr},
-                       {"severity", SeverityName(finding.severity)},
-                       {"code", finding.code},
-                       {"message", finding.message},
-                       {"option", finding.option.empty() ? nlohmann::json(nullptr)
-                                                         : nlohmann::json(finding.option)}});
-  }
-  // Definition text is bytes: replace what isn't UTF-8 rather than fail.
-  std::printf("%s\n",
-              records.dump(2, ' ', false, nlohmann::json::error_handler_t::replace).c_str());
-}
+}  // namespace
 
 int RunLint(const LintRequest &request) {
   const std::optional<DefinitionText> text = ReadDefinitionText(request.definition);
@@ -76,31 +55,13 @@ int RunLint(const LintRequest &request) {
   const DefinitionModel model = DescribeDefinition(described.get());
   const Findings findings = LintDefinition({h, model, *text, messages});
   if (request.format == "json")
-    PrintJson(request.definition, findings);
+    std::printf("%s\n", LintJson(request.definition, findings).c_str());
   else
     PrintText(request.definition, findings);
   std::fflush(stdout);
   const bool failing = std::any_of(findings.begin(), findings.end(),
                                    [](const Finding &f) { return f.severity != Severity::kNote; });
   return failing ? kErrors : kClean;
-}
-
-}  // namespace
-
-void AddLintCommand(CLI::App &app, int &status) {
-  auto request = std::make_shared<LintRequest>();
-  CLI::App *command =
-      app.add_subcommand("lint", "report what a definition accepts but hardly ever means");
-  command->footer(
-      "Reports names that the lookup method can't reach, multilists that contain themselves, "
-      "numbers that didn't survive conversion, boolean defaults other than 0 and 1, enumerated "
-      "values that differ only in case, synonyms hidden by option names, missing help, empty "
-      "or unknown groups, and why a definition ended early. Exit status: 0 clean or notes "
-      "only, 1 warnings or errors, 2 a usage fault or a file that can't be read.\n");
-  command->add_option("DEF", request->definition, "the option definition file")->required();
-  command->add_option("--format", request->format, "text (compiler style) or json")
-      ->check(CLI::IsMember({"text", "json"}));
-  command->callback([request, &status] { status = RunLint(*request); });
 }
 
 }  // namespace optkw_tool

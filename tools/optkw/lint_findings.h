@@ -47,4 +47,7 @@ const Statement *OptionStatement(const LintInput &input, int number);
 
 const char *SeverityName(Severity severity);
 
+// The findings as a JSON array of records, for programs.
+std::string LintJson(const std::string &file, const Findings &findings);
+
 }  // namespace optkw_tool
