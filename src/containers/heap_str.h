@@ -1,5 +1,6 @@
-// HeapStr: an owned heap copy of a ShortStr, in a block of exactly its length
-// plus one byte. The empty text is never allocated: it is the nil HeapStr.
+// HeapStr: an owned heap copy of a ShortStr: a length byte and the text, in a
+// block rounded up to 16 bytes. The empty text is never allocated: it is the
+// nil HeapStr.
 #pragma once
 
 #include <cstdint>

@@ -14,7 +14,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -22,25 +21,10 @@
 #include "containers/growing_vector.h"
 #include "containers/heap_str.h"
 #include "containers/lists.h"
+#include "containers/no_case_index.h"
 #include "containers/quicksort.h"
 
 namespace optkw {
-
-// Hash and equality of keys without regard to case, usable with string_view
-// lookups so that a search allocates nothing.
-struct NoCaseHash {
-  using is_transparent = void;
-  size_t operator()(std::string_view s) const {
-    size_t h = 1469598103934665603ull;
-    for (char c : s)
-      h = (h ^ static_cast<unsigned char>(UpCase(c))) * 1099511628211ull;
-    return h;
-  }
-};
-struct NoCaseEqual {
-  using is_transparent = void;
-  bool operator()(std::string_view a, std::string_view b) const { return EqualNoCase(a, b); }
-};
 
 template <class C>
 class txcustomstringlist : public tquicksortclass {
@@ -57,9 +41,7 @@ class txcustomstringlist : public tquicksortclass {
   int32_t AddObject(std::string_view s, C obj) {
     items_.Append(Entry{HeapStr(s), std::move(obj)});
     const int32_t position = Count() - 1;
-    if (index_valid_ && !s.empty()) {
-      index_.try_emplace(std::string(items_.back().FString.view()), position);
-    }
+    if (index_valid_ && !s.empty()) index_.Insert(items_.back().FString.view(), position, KeyOf());
     return position + IndexBase();
   }
 
@@ -75,8 +57,8 @@ class txcustomstringlist : public tquicksortclass {
     if (s.empty()) return -1;
     if (indexed_) {
       if (!index_valid_) RebuildIndex();
-      auto it = index_.find(s);
-      return it == index_.end() ? -1 : it->second + IndexBase();
+      const int32_t position = index_.Find(s, KeyOf());
+      return position < 0 ? -1 : position + IndexBase();
     }
     for (int32_t i = 0; i < Count(); ++i) {
       if (EqualNoCase(items_[i].FString.view(), s)) return i + IndexBase();
@@ -132,15 +114,19 @@ class txcustomstringlist : public tquicksortclass {
   auto end() const { return items_.end(); }
 
  private:
+  // The key at a zero-based position, for the index.
+  auto KeyOf() const {
+    return [this](int32_t i) { return items_[i].FString.view(); };
+  }
   void InvalidateIndex() {
     index_valid_ = false;
-    index_.clear();
+    index_.Clear();
   }
   void RebuildIndex() const {
-    index_.clear();
+    index_.Clear();
     for (int32_t i = 0; i < Count(); ++i) {
       std::string_view key = items_[i].FString.view();
-      if (!key.empty()) index_.try_emplace(std::string(key), i);
+      if (!key.empty()) index_.Insert(key, i, KeyOf());
     }
     index_valid_ = true;
   }
@@ -149,7 +135,7 @@ class txcustomstringlist : public tquicksortclass {
   bool indexed_ = false;
   mutable bool index_valid_ = false;
   // Zero-based position of the first entry of each key.
-  mutable std::unordered_map<std::string, int32_t, NoCaseHash, NoCaseEqual> index_;
+  mutable NoCaseIndex index_;
 };
 
 template <class C>

@@ -55,10 +55,9 @@ bool ReadEndOfLineValue(ParameterRun &run, ShortStr &value) {
       }
     }
   } else {
-    while (!AtLineEnd(p.FCh) && !comments.Has(p.FCh)) {
-      value.PushCapped(p.FCh);
-      p.NextCh();
-    }
+    ShortStr scratch;
+    value = tminiparser::Capped(
+        p.TakeWhile([&comments](char c) { return !AtLineEnd(c) && !comments.Has(c); }), scratch);
   }
   while (!AtLineEnd(p.FCh))
     p.NextCh();

@@ -23,7 +23,7 @@ class CharSet {
     for (char c : chars)
       Add(c);
   }
-  bool Has(char c) const { return bits_.test(static_cast<unsigned char>(c)); }
+  bool Has(char c) const { return bits_[static_cast<unsigned char>(c)]; }
   bool Empty() const { return bits_.none(); }
   void Clear() { bits_.reset(); }
 

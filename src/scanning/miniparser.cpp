@@ -79,6 +79,7 @@ bool tminiparser::OpenFile(std::string_view name, int32_t &io_code) {
 void tminiparser::OpenString(const ShortStr &text) {
   FFileOpen = false;
   std::memcpy(FLine, text.data(), static_cast<size_t>(text.size()));
+  text_ = FLine;
   FCol = -1;
   FLen = text.size();
   FSourceKind = SourceKind::kShortStr;
@@ -90,6 +91,7 @@ void tminiparser::OpenString(const ShortStr &text) {
 void tminiparser::OpenPChar(const char *text) {
   FFileOpen = false;
   FPChar = text ? text : "";
+  text_ = FPChar;
   const size_t length = std::strlen(FPChar);
   FCol = -1;
   FLen = length > INT32_MAX ? INT32_MAX : static_cast<int32_t>(length);
@@ -118,11 +120,29 @@ bool tminiparser::FillBuffer() {
   return true;
 }
 
-// Takes the next physical line into FLine: at most 1020 bytes are kept, the rest
-// up to the line feed is dropped, and a carriage return at the line end is
-// removed. Answers false at the end of the file.
+// Takes the next physical line: at most 1020 bytes are kept, the rest up to
+// the line feed is dropped, and a carriage return at the line end is removed.
+// Answers false at the end of the file.
 bool tminiparser::TakePhysicalLine() {
   if (buffer_pos_ == buffer_len_ && !FillBuffer()) return false;
+  // A line that lies whole in the read-ahead is read where it stands.
+  const char *start = buffer_.get() + buffer_pos_;
+  const size_t available = buffer_len_ - buffer_pos_;
+  if (const void *lf = std::memchr(start, '\n', available)) {
+    size_t content = static_cast<size_t>(static_cast<const char *>(lf) - start);
+    buffer_pos_ += content + 1;
+    if (content > 0 && start[content - 1] == '\r') --content;
+    text_ = start;
+    FLen = content < static_cast<size_t>(kLineCapacity) ? static_cast<int32_t>(content)
+                                                        : kLineCapacity;
+    return true;
+  }
+  text_ = FLine;
+  return TakeLineAcrossReads();
+}
+
+// A line that goes on beyond the read-ahead is gathered in FLine.
+bool tminiparser::TakeLineAcrossReads() {
   size_t length = 0;
   bool ends_in_cr = false;
   for (;;) {
@@ -164,9 +184,9 @@ bool tminiparser::ReadFileLine() {
       return false;
     }
     if (FLineNr < INT32_MAX) ++FLineNr;
-    if (FEcho) EchoLine(std::string_view(FLine, static_cast<size_t>(FLen)));
+    if (FEcho) EchoLine(std::string_view(text_, static_cast<size_t>(FLen)));
     // Empty lines and comment lines never reach the readers.
-    if (FLen > 0 && FLine[0] != '*') return true;
+    if (FLen > 0 && text_[0] != '*') return true;
   }
 }
 
@@ -189,7 +209,8 @@ void tminiparser::EchoLine(std::string_view line) {
   }
 }
 
-void tminiparser::NextCh() {
+// NextCh where the current line has no character left behind FCh.
+void tminiparser::StepOverLineEnd() {
   if (FCh == kEndOfText) return;  // the end of the text is sticky
   if (FCol < FLen) {
     ++FCol;
@@ -226,17 +247,6 @@ bool tminiparser::NextLine() {
   // ...and any later call ends it.
   FLen = 0;
   return false;
-}
-
-bool tminiparser::SkipBlanks() {
-  while (FCh == ' ' || FCh == '\t')
-    NextCh();
-  if (FEolComm.Has(FCh)) {
-    while (!AtTokenEnd())
-      NextCh();
-    return false;
-  }
-  return !AtTokenEnd();
 }
 
 }  // namespace optkw

@@ -58,13 +58,58 @@ class tminiparser {
   void OpenPChar(const char *text);  // borrowed, any length
 
   // Lines and characters.
-  void NextCh();
+  void NextCh() {
+    if (FCol < FLen && FCh != kEndOfText) {
+      FCh = text_[FCol++];
+    } else {
+      StepOverLineEnd();
+    }
+  }
   bool NextLine();
-  bool SkipBlanks();
+  bool SkipBlanks() {
+    if (FCh == ' ' || FCh == '\t') TakeWhile([](char c) { return IsBlank(c); });
+    if (FEolComm.Has(FCh)) {
+      TakeWhile([](char c) { return IsLineContent(c); });
+      return false;
+    }
+    return !AtTokenEnd();
+  }
+  // FCh goes on the line end; only for a caller that steps on right away.
   void SkipToLineEnd() { FCol = FLen; }
+
+  // Takes FCh and the characters behind it on the line for as long as `keep`
+  // accepts them, asking once per character and in order, and gives them as a
+  // view into the line; FCh then stands on the first character refused. `keep`
+  // never accepts 10 or 26. The view lasts until the scanner leaves the line.
+  template <class Keep>
+  std::string_view TakeWhile(Keep &&keep) {
+    if (FCol < 1 || FCol > FLen || !keep(FCh)) return {};
+    const char *start = text_ + FCol - 1;
+    const char *end = text_ + FLen;
+    const char *p = start + 1;
+    while (p < end && keep(*p))
+      ++p;
+    if (p < end) {
+      FCh = *p;
+      FCol = static_cast<int32_t>(p - text_) + 1;
+    } else {
+      FCh = kLineEnd;
+      FCol = FLen + 1;
+    }
+    return {start, static_cast<size_t>(p - start)};
+  }
+  // What a reader keeps of a run: all of it up to 255 characters; beyond, each
+  // further character overwrites the last place, which leaves the first 254
+  // and the last one (cut into `scratch`, and the view shows that).
+  static std::string_view Capped(std::string_view run, ShortStr &scratch);
+  static bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+  static bool IsLineContent(char c) { return c != kLineEnd && c != kEndOfText; }
 
   // Tokens. Each starts at FCh and leaves FCh on the first character behind it.
   bool ReadToken(ShortStr &result);
+  // ReadToken as a view into the line; a token beyond 255 characters is cut
+  // into `scratch` and the view shows that.
+  bool ReadTokenView(std::string_view &result, ShortStr &scratch);
   bool ReadIdent(ShortStr &result);
   bool ReadAlphaNum(ShortStr &result);
   bool ReadName(ShortStr &result);
@@ -91,11 +136,11 @@ class tminiparser {
  private:
   enum class SourceKind : uint8_t { kFile, kShortStr, kPChar };
 
-  char CharAt(int32_t col) const {
-    return FSourceKind == SourceKind::kPChar ? FPChar[col - 1] : FLine[col - 1];
-  }
+  char CharAt(int32_t col) const { return text_[col - 1]; }
+  void StepOverLineEnd();
   bool ReadFileLine();
   bool TakePhysicalLine();
+  bool TakeLineAcrossReads();
   bool FillBuffer();
   bool OpenNonBlocking(const std::string &name, int &code);
   void EchoLine(std::string_view line);
@@ -105,6 +150,9 @@ class tminiparser {
   bool FFileOpen = false;
   char FLine[kLineCapacity];
   const char *FPChar = nullptr;
+  // The current line: FLine, the read-ahead of a file when the whole line
+  // lies in it, or the C string.
+  const char *text_ = FLine;
   int32_t FCol = 0;
   int32_t FLen = 0;
   SourceKind FSourceKind = SourceKind::kFile;

@@ -199,9 +199,14 @@ bool TextToDouble(std::string_view text, double &value) {
     value = kEpsValue;
     return true;
   }
-  const ShortStr with_e = ReplaceCharsInSet(text, CharSet{'D', 'd'}, 'E');
   int32_t position = 0;
-  ValDouble(with_e.view(), value, position);
+  if (text.size() <= ShortStr::kMaxLength && text.find_first_of("Dd") == std::string_view::npos) {
+    ValDouble(text, value, position);
+  } else {
+    // A "D" exponent, as Fortran writes one.
+    const ShortStr with_e = ReplaceCharsInSet(text, CharSet{'D', 'd'}, 'E');
+    ValDouble(with_e.view(), value, position);
+  }
   return position == 0 && std::isfinite(value);
 }
 
