@@ -77,10 +77,17 @@ class ShortStr {
     length_ = static_cast<uint8_t>(text.size() < kMaxLength ? text.size() : kMaxLength);
     if (length_ > 0) std::memmove(text_, text.data(), length_);
   }
+  // Copies of a fixed size: names and values are mostly short, and a move of
+  // a size the compiler knows beats one of a length it doesn't.
   void CopyFrom(const ShortStr &other) {
     length_ = other.length_;
-    std::memcpy(text_, other.text_, length_);
+    if (length_ <= kShortCopy) {
+      std::memcpy(text_, other.text_, kShortCopy);
+    } else {
+      std::memcpy(text_, other.text_, kMaxLength);
+    }
   }
+  static constexpr int kShortCopy = 32;
 
   uint8_t length_ = 0;
   char text_[kMaxLength];  // only the first length_ bytes are meaningful

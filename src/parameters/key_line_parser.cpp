@@ -54,14 +54,17 @@ bool ReadEndOfLineValue(ParameterRun &run, ShortStr &value) {
         value += '"';
       }
     }
+    value = TrimControls(value);
   } else {
+    // The run stays in the line buffer while the rest of the line is passed.
     ShortStr scratch;
-    value = tminiparser::Capped(
+    const std::string_view run_text = tminiparser::Capped(
         p.TakeWhile([&comments](char c) { return !AtLineEnd(c) && !comments.Has(c); }), scratch);
+    p.SkipRestOfLine();
+    value = TrimText(run_text);
+    return true;
   }
-  while (!AtLineEnd(p.FCh))
-    p.NextCh();
-  value = TrimControls(value);
+  p.SkipRestOfLine();
   return true;
 }
 
@@ -189,7 +192,7 @@ int32_t JoinMinosWords(ParameterRun &run, ShortStr &key, int32_t position) {
   return position;
 }
 
-void ReadPlainStatement(ParameterRun &run, ShortStr key, int32_t dashes) {
+void ReadPlainStatement(ParameterRun &run, ShortStr &key, int32_t dashes) {
   tvlmoptions &db = run.db;
   if (dashes == 0 && SameText(key.view(), db.IndicatorName.view())) {
     ReadMapStatement(run, optmapIndicator);

@@ -74,6 +74,11 @@ class tminiparser {
     }
     return !AtTokenEnd();
   }
+  // Steps over the characters of the line up to the first 10 or 26, as NextCh
+  // would one by one; the next line isn't read.
+  void SkipRestOfLine() {
+    TakeWhile([](char c) { return IsLineContent(c); });
+  }
   // FCh goes on the line end; only for a caller that steps on right away.
   void SkipToLineEnd() { FCol = FLen; }
 

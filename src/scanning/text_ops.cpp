@@ -7,12 +7,11 @@
 namespace optkw {
 
 Truth ScanBoolean(std::string_view text) {
-  const ShortStr upper = UpperText(text);
   for (std::string_view word : {"1", "Y", "YES", "ON", "TRUE", "T"}) {
-    if (upper == word) return Truth::kTrue;
+    if (EqualNoCase(text, word)) return Truth::kTrue;
   }
   for (std::string_view word : {"0", "N", "NO", "OFF", "FALSE", "F"}) {
-    if (upper == word) return Truth::kFalse;
+    if (EqualNoCase(text, word)) return Truth::kFalse;
   }
   return Truth::kNeither;
 }
@@ -36,10 +35,8 @@ ShortStr UpperText(std::string_view text) {
 
 int32_t CharPosFrom(char c, std::string_view text, int32_t start) {
   if (start < 1) start = 1;
-  for (size_t i = static_cast<size_t>(start - 1); i < text.size(); ++i) {
-    if (text[i] == c) return static_cast<int32_t>(i) + 1;
-  }
-  return 0;
+  const size_t pos = text.find(c, static_cast<size_t>(start - 1));
+  return pos == std::string_view::npos ? 0 : static_cast<int32_t>(pos) + 1;
 }
 
 int32_t LastCharPos(char c, std::string_view text) {
