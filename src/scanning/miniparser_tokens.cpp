@@ -32,9 +32,6 @@ bool IsTokenEnd(char c) {
 bool IsBlankOrComma(char c) {
   return c == ' ' || c == '\t' || c == ',';
 }
-bool IsLineContent(char c) {
-  return c != kLineEnd && c != kEndOfText;
-}
 
 // The text of a quoted token behind its opening quote, closing quote included.
 // Only a quote in an odd place behind the opening one can close it in
@@ -42,7 +39,7 @@ bool IsLineContent(char c) {
 class QuotedText {
  public:
   bool operator()(char c) {
-    if (!IsLineContent(c) || (closes_ && IsBlankOrComma(c))) return false;
+    if (!tminiparser::IsLineContent(c) || (closes_ && IsBlankOrComma(c))) return false;
     if (c == '"') odd_ = !odd_;
     closes_ = c == '"' && odd_;
     return true;
@@ -121,7 +118,7 @@ bool tminiparser::ReadSwitch(ShortStr &result, int32_t &count) {
 ShortStr tminiparser::ReadRestOfLine() {
   ShortStr result;
   if (!SkipBlanks()) return result;
-  TakeInto(*this, result, [](char c) { return IsLineContent(c); });
+  TakeInto(*this, result, [](char c) { return tminiparser::IsLineContent(c); });
   int n = result.size();
   while (n > 0 && (result[n - 1] == ' ' || result[n - 1] == '\t'))
     --n;
@@ -158,7 +155,7 @@ bool tminiparser::ReadElement(ShortStr &result) {
   const char quote = FCh;
   NextCh();
   ShortStr text;
-  TakeInto(*this, text, [quote](char c) { return c != quote && IsLineContent(c); });
+  TakeInto(*this, text, [quote](char c) { return c != quote && tminiparser::IsLineContent(c); });
   if (FCh != kEndOfText) NextCh();
   int n = text.size();
   while (n > 0 && static_cast<unsigned char>(text[n - 1]) <= ' ')
